@@ -1,0 +1,58 @@
+# The two commands a newcomer needs: `make demo` and `make test`.
+# Both install what is missing (Debian packages) before they start.
+
+NATIVE := build/native
+WIN    := build/win
+JOBS   ?= $(shell nproc)
+CMAKE_WIN = cmake -S . -B $(WIN) -DCMAKE_TOOLCHAIN_FILE=cmake/toolchain-mingw64.cmake -DCMAKE_BUILD_TYPE=Debug
+CMAKE_NATIVE = cmake -S . -B $(NATIVE) -DCMAKE_BUILD_TYPE=Debug
+
+.PHONY: all bootstrap native win test demo tour bench clean
+
+all: native win
+
+bootstrap:
+	@tools/bootstrap.sh
+
+$(NATIVE)/CMakeCache.txt:
+	$(CMAKE_NATIVE) >/dev/null
+
+$(WIN)/CMakeCache.txt:
+	$(CMAKE_WIN) >/dev/null
+
+native: bootstrap $(NATIVE)/CMakeCache.txt
+	cmake --build $(NATIVE) -j$(JOBS)
+
+win: bootstrap $(WIN)/CMakeCache.txt
+	cmake --build $(WIN) -j$(JOBS)
+
+# Native tests (sanitizers) and Windows tests (Wine) in one CTest run.
+test: native win
+	@printf 'subdirs("native" "win")\n' > build/CTestTestfile.cmake
+	ctest --test-dir build --output-on-failure -j$(JOBS)
+
+# With a display: the interactive demo. Without one: the tour, which saves a
+# PNG of every window it shows.
+demo: win
+ifeq ($(strip $(DISPLAY)),)
+	@$(MAKE) --no-print-directory tour
+else
+	$(WIN)/winerun $(WIN)/bin/twdemo.exe
+endif
+
+tour: win
+	@rm -rf $(WIN)/tour
+	@$(WIN)/winerun $(WIN)/bin/twdemo.exe --tour 'Z:$(CURDIR)/$(WIN)/tour' >/dev/null
+	@echo "Tour pictures:"
+	@ls -1 $(CURDIR)/$(WIN)/tour/*.png
+
+# Benchmarks run natively, optimised and without sanitizers.
+bench: bootstrap
+	cmake -S . -B build/bench -DCMAKE_BUILD_TYPE=Release -DTW_SANITIZE=OFF >/dev/null
+	cmake --build build/bench -j$(JOBS) --target tw_benchmarks
+	@set -e; found=0; for b in build/bench/bin/bench_*; do \
+	    [ -x "$$b" ] || continue; found=1; "$$b"; done; \
+	    [ $$found = 1 ] || echo "no benchmarks yet"
+
+clean:
+	rm -rf build

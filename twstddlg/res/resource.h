@@ -1,0 +1,2 @@
+// Resource identifiers of twstddlg.dll, shared by the code and twstddlg.rc.
+#pragma once
