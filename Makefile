@@ -4,10 +4,11 @@
 NATIVE := build/native
 WIN    := build/win
 JOBS   ?= $(shell nproc)
-CMAKE_WIN = cmake -S . -B $(WIN) -DCMAKE_TOOLCHAIN_FILE=cmake/toolchain-mingw64.cmake -DCMAKE_BUILD_TYPE=Debug
+TOOLCHAIN = -DCMAKE_TOOLCHAIN_FILE=cmake/toolchain-mingw64.cmake
+CMAKE_WIN = cmake -S . -B $(WIN) $(TOOLCHAIN) -DCMAKE_BUILD_TYPE=Debug
 CMAKE_NATIVE = cmake -S . -B $(NATIVE) -DCMAKE_BUILD_TYPE=Debug
 
-.PHONY: all bootstrap native win test demo tour bench clean
+.PHONY: all bootstrap native win test demo tour bench fuzz clean
 
 all: native win
 
@@ -50,9 +51,28 @@ tour: win
 bench: bootstrap
 	cmake -S . -B build/bench -DCMAKE_BUILD_TYPE=Release -DTW_SANITIZE=OFF >/dev/null
 	cmake --build build/bench -j$(JOBS) --target tw_benchmarks
+	cmake -S . -B build/bench-win $(TOOLCHAIN) -DCMAKE_BUILD_TYPE=Release >/dev/null
+	cmake --build build/bench-win -j$(JOBS) --target tw_benchmarks
 	@set -e; found=0; for b in build/bench/bin/bench_*; do \
 	    [ -x "$$b" ] || continue; found=1; "$$b"; done; \
+	for b in build/bench-win/bin/bench_*.exe; do \
+	    [ -f "$$b" ] || continue; found=1; build/bench-win/winerun "$$b"; done; \
 	    [ $$found = 1 ] || echo "no benchmarks yet"
+
+# Every fuzz target for FUZZ_SECONDS each (clang, libFuzzer, ASan, UBSan).
+FUZZ_SECONDS ?= 10
+fuzz: bootstrap
+	CC=clang CXX=clang++ cmake -S . -B build/fuzz -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTW_FUZZ=ON -DTW_SANITIZE=OFF >/dev/null
+	cmake --build build/fuzz -j$(JOBS) --target tw_fuzzers
+	@set -e; found=0; for f in build/fuzz/bin/fuzz_*; do \
+	    [ -x "$$f" ] || continue; found=1; name=$${f##*/fuzz_}; \
+	    mkdir -p build/fuzz/corpus/$$name; \
+	    echo "fuzzing $$name for $(FUZZ_SECONDS) s"; \
+	    "$$f" -max_total_time=$(FUZZ_SECONDS) -print_final_stats=0 \
+	        build/fuzz/corpus/$$name $$( [ -d fuzz/corpus/$$name ] && echo fuzz/corpus/$$name ) \
+	        > build/fuzz/$$name.log 2>&1 || { tail -40 build/fuzz/$$name.log; exit 1; }; \
+	    grep -E "^#[0-9]+.*DONE|Done [0-9]+ runs" build/fuzz/$$name.log | tail -1; \
+	done; [ $$found = 1 ] || echo "no fuzz targets yet"
 
 clean:
 	rm -rf build

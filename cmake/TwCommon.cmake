@@ -2,9 +2,14 @@
 
 # Flags for every target of ours (not for third-party code).
 add_library(tw_flags INTERFACE)
-target_compile_options(tw_flags INTERFACE
-  -Wall -Wextra -Wno-unused-parameter
-  -finput-charset=UTF-8 -fexec-charset=cp1252)
+target_compile_options(tw_flags INTERFACE -Wall -Wextra -Wno-unused-parameter)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  target_compile_options(tw_flags INTERFACE -finput-charset=UTF-8 -fexec-charset=cp1252)
+else()
+  # clang (the fuzzing build) only knows UTF-8 literals; the fuzz targets
+  # check robustness and round trips, which do not depend on the code page.
+  set(TW_UTF8_LITERALS ON)
+endif()
 
 if(TW_WINDOWS)
   target_compile_definitions(tw_flags INTERFACE
@@ -40,7 +45,11 @@ else()
   set(TW_SANITIZE_FLAGS -fsanitize=address,undefined -fno-sanitize-recover=undefined
                         -fno-omit-frame-pointer)
   option(TW_SANITIZE "Build the native units with ASan and UBSan" ON)
-  if(TW_SANITIZE)
+  option(TW_FUZZ "Build the libFuzzer targets (clang)" OFF)
+  if(TW_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+  elseif(TW_SANITIZE)
     add_compile_options(${TW_SANITIZE_FLAGS})
     add_link_options(${TW_SANITIZE_FLAGS})
   endif()
@@ -85,9 +94,12 @@ endfunction()
 # A GoogleTest executable. Natively each test case is a CTest test; under
 # Wine the whole binary is one CTest test (one Wine start per binary).
 function(tw_add_gtest name)
-  cmake_parse_arguments(T "" "" "SOURCES;LIBS" ${ARGN})
+  cmake_parse_arguments(T "NO_MAIN" "" "SOURCES;LIBS" ${ARGN})
   add_executable(${name} ${T_SOURCES})
-  target_link_libraries(${name} PRIVATE ${T_LIBS} tw_flags GTest::gtest GTest::gtest_main)
+  target_link_libraries(${name} PRIVATE ${T_LIBS} tw_flags GTest::gtest)
+  if(NOT T_NO_MAIN)
+    target_link_libraries(${name} PRIVATE GTest::gtest_main)
+  endif()
   if(TW_WINDOWS)
     add_test(NAME win.${name} COMMAND ${name})
     set_tests_properties(win.${name} PROPERTIES FIXTURES_REQUIRED wine TIMEOUT 600)
@@ -95,4 +107,17 @@ function(tw_add_gtest name)
     include(GoogleTest)
     gtest_discover_tests(${name} TEST_PREFIX native. DISCOVERY_TIMEOUT 60)
   endif()
+endfunction()
+
+# A libFuzzer target (native fuzzing build only): fuzz_<name>, run by
+# `make fuzz` for a bounded time with its corpus folder fuzz/corpus/<name>.
+function(tw_add_fuzzer name)
+  cmake_parse_arguments(F "" "" "SOURCES;LIBS" ${ARGN})
+  if(NOT TW_FUZZ)
+    return()
+  endif()
+  add_executable(fuzz_${name} ${F_SOURCES})
+  target_link_libraries(fuzz_${name} PRIVATE ${F_LIBS} tw_flags)
+  target_link_options(fuzz_${name} PRIVATE -fsanitize=fuzzer)
+  add_dependencies(tw_fuzzers fuzz_${name})
 endfunction()

@@ -1,2 +1,153 @@
+// Unbuffered binary files (CFile) and growable memory streams (CMemFile).
+//
+// Every failure throws a CFileException* carrying the operating system's
+// error code, except Open, which reports through its pError argument.
+//
+// In the Windows build CFile wraps a Win32 file HANDLE and honours the share
+// modes (shareExclusive and shareCompat share nothing, so a second open of
+// the file fails with sharingViolation). In the native build it wraps a POSIX
+// file descriptor stored in m_hFile and ignores the share modes, which POSIX
+// open() has no equivalent for.
 #pragma once
+
 #include "afxplatform.h"
+#include "afxobject.h"
+#include "afxexcept.h"
+#include "afxstr.h"
+
+#ifndef _WIN32
+typedef void* HANDLE;
+#endif
+
+// A binary file on disk, read and written without buffering.
+class AFX_API CFile : public CObject
+{
+    DECLARE_DYNAMIC(CFile)
+
+public:
+    enum OpenFlags
+    {
+        modeRead = 0x00000,
+        modeWrite = 0x00001,
+        modeReadWrite = 0x00002,
+        shareCompat = 0x00000,
+        shareExclusive = 0x00010,
+        shareDenyWrite = 0x00020,
+        shareDenyRead = 0x00030,
+        shareDenyNone = 0x00040,
+        modeNoInherit = 0x00080,
+        modeCreate = 0x01000,
+        modeNoTruncate = 0x02000,
+        typeText = 0x04000,
+        typeBinary = 0x08000,
+        osNoBuffer = 0x10000,
+        osWriteThrough = 0x20000,
+        osRandomAccess = 0x40000,
+        osSequentialScan = 0x80000,
+    };
+
+    enum SeekPosition { begin = 0x0, current = 0x1, end = 0x2 };
+
+    // The value of m_hFile while no file is open.
+    static const HANDLE hFileNull;
+
+    CFile();
+    // Wraps an open handle, which the destructor does not close.
+    explicit CFile(HANDLE hFile);
+    // Opens the file; throws CFileException on failure.
+    CFile(LPCTSTR lpszFileName, UINT nOpenFlags);
+    // Closes the file if it is open, ignoring errors.
+    ~CFile() override;
+
+    operator HANDLE() const;
+
+    // Opens the file; on failure returns FALSE and fills *pError if given.
+    virtual BOOL Open(LPCTSTR lpszFileName, UINT nOpenFlags, CFileException* pError = NULL);
+
+    // Reads up to nCount bytes; fewer (or 0) only at the end of the file.
+    virtual UINT Read(void* lpBuf, UINT nCount);
+    virtual void Write(const void* lpBuf, UINT nCount);
+
+    // Moves the position and returns the new one from the file's start.
+    virtual ULONGLONG Seek(LONGLONG lOff, UINT nFrom);
+    void SeekToBegin();
+    ULONGLONG SeekToEnd();
+    virtual ULONGLONG GetPosition() const;
+
+    virtual ULONGLONG GetLength() const;
+    // Truncates or extends (with zero bytes) the file; the position stays.
+    virtual void SetLength(ULONGLONG dwNewLen);
+
+    virtual void Flush();
+    // Closes the file; throws if the system reports an error.
+    virtual void Close();
+    // Closes the file, ignoring every error.
+    virtual void Abort();
+
+    // The name part of the path: "b.txt" for "c:\a\b.txt".
+    virtual CString GetFileName() const;
+    // The name without its extension: "b" for "c:\a\b.txt".
+    virtual CString GetFileTitle() const;
+    // The path as passed to Open.
+    virtual CString GetFilePath() const;
+    virtual void SetFilePath(LPCTSTR lpszNewName);
+
+    static void PASCAL Rename(LPCTSTR lpszOldName, LPCTSTR lpszNewName);
+    static void PASCAL Remove(LPCTSTR lpszFileName);
+
+    HANDLE m_hFile;
+
+protected:
+    BOOL m_bCloseOnDelete;
+    CString m_strFileName;
+};
+
+// A file in memory that grows in steps of nGrowBytes as it is written.
+class AFX_API CMemFile : public CFile
+{
+    DECLARE_DYNAMIC(CMemFile)
+
+public:
+    explicit CMemFile(UINT nGrowBytes = 1024);
+    // Uses lpBuffer as the file; see Attach.
+    CMemFile(BYTE* lpBuffer, UINT nBufferSize, UINT nGrowBytes = 0);
+    ~CMemFile() override;
+
+    // Uses lpBuffer as the file. With nGrowBytes 0 the file is the buffer's
+    // nBufferSize bytes and cannot grow (growing throws CMemoryException);
+    // otherwise the file starts empty and the buffer, which must then come
+    // from malloc, is reallocated as it grows. The caller keeps ownership.
+    void Attach(BYTE* lpBuffer, UINT nBufferSize, UINT nGrowBytes = 0);
+    // Gives the buffer to the caller (free() it if it was grown or allocated
+    // here) and leaves the file empty and closed.
+    BYTE* Detach();
+
+    UINT Read(void* lpBuf, UINT nCount) override;
+    void Write(const void* lpBuf, UINT nCount) override;
+    // Positions beyond the end are allowed; writing there zero-fills the gap.
+    ULONGLONG Seek(LONGLONG lOff, UINT nFrom) override;
+    ULONGLONG GetPosition() const override;
+    ULONGLONG GetLength() const override;
+    void SetLength(ULONGLONG dwNewLen) override;
+    void Flush() override;
+    void Close() override;
+    void Abort() override;
+
+protected:
+    virtual BYTE* Alloc(SIZE_T nBytes);
+    virtual BYTE* Realloc(BYTE* lpMem, SIZE_T nBytes);
+    virtual BYTE* Memcpy(BYTE* lpMemTarget, const BYTE* lpMemSource, SIZE_T nBytes);
+    virtual void Free(BYTE* lpMem);
+    // Makes the buffer hold at least dwNewLen bytes, in steps of m_nGrowBytes.
+    virtual void GrowFile(SIZE_T dwNewLen);
+
+    SIZE_T m_nGrowBytes;
+    SIZE_T m_nPosition;
+    SIZE_T m_nBufferSize;
+    SIZE_T m_nFileSize;
+    BYTE* m_lpBuffer;
+    BOOL m_bAutoDelete;
+
+private:
+    void FreeBuffer();
+};

@@ -1,1 +1,214 @@
-// placeholder
+// CFile on POSIX file descriptors (native build). The descriptor is kept in
+// m_hFile; share modes have no POSIX counterpart and are ignored.
+#include "afxfile.h"
+
+#include <cerrno>
+#include <climits>
+#include <cstdint>
+#include <cstdio>
+#include <string>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr UINT kAccessMask = CFile::modeRead | CFile::modeWrite | CFile::modeReadWrite;
+constexpr mode_t kCreateMode = 0666;
+
+HANDLE HandleFromFd(int fd)
+{
+    return reinterpret_cast<HANDLE>(static_cast<std::intptr_t>(fd));
+}
+
+int FdFromHandle(HANDLE h)
+{
+    return static_cast<int>(reinterpret_cast<std::intptr_t>(h));
+}
+
+int OpenFlagsToPosix(UINT nOpenFlags)
+{
+    int flags = 0;
+    switch (nOpenFlags & kAccessMask) {
+    case CFile::modeWrite: flags = O_WRONLY; break;
+    case CFile::modeReadWrite: flags = O_RDWR; break;
+    default: flags = O_RDONLY; break;
+    }
+    if (nOpenFlags & CFile::modeCreate) {
+        flags |= O_CREAT;
+        if (!(nOpenFlags & CFile::modeNoTruncate))
+            flags |= O_TRUNC;
+    }
+    if (nOpenFlags & CFile::modeNoInherit)
+        flags |= O_CLOEXEC;
+    return flags;
+}
+
+std::string FullPath(LPCTSTR lpszFileName)
+{
+    if (lpszFileName[0] == '/')
+        return lpszFileName;
+    char cwd[PATH_MAX];
+    if (getcwd(cwd, sizeof cwd) == nullptr)
+        return lpszFileName;
+    return std::string(cwd) + "/" + lpszFileName;
+}
+
+}  // namespace
+
+BOOL CFile::Open(LPCTSTR lpszFileName, UINT nOpenFlags, CFileException* pError)
+{
+    if (pError != nullptr)
+        pError->Clear();
+    if (lpszFileName == nullptr || lpszFileName[0] == '\0') {
+        if (pError != nullptr) {
+            pError->m_cause = CFileException::badPath;
+            pError->m_lOsError = ENOENT;
+            pError->m_strFileName = lpszFileName != nullptr ? lpszFileName : "";
+        }
+        return FALSE;
+    }
+    if (m_hFile != hFileNull)
+        Abort();
+    const int fd = ::open(lpszFileName, OpenFlagsToPosix(nOpenFlags), kCreateMode);
+    if (fd < 0) {
+        const int error = errno;
+        if (pError != nullptr) {
+            pError->m_cause = CFileException::ErrnoToException(error);
+            pError->m_lOsError = error;
+            pError->m_strFileName = lpszFileName;
+        }
+        return FALSE;
+    }
+    m_hFile = HandleFromFd(fd);
+    m_bCloseOnDelete = TRUE;
+    m_strFileName = FullPath(lpszFileName).c_str();
+    return TRUE;
+}
+
+UINT CFile::Read(void* lpBuf, UINT nCount)
+{
+    if (nCount == 0)
+        return 0;
+    if (lpBuf == nullptr)
+        AfxThrowInvalidArgException();
+    char* p = static_cast<char*>(lpBuf);
+    UINT nRead = 0;
+    while (nRead < nCount) {
+        const ssize_t n = ::read(FdFromHandle(m_hFile), p + nRead, nCount - nRead);
+        if (n < 0) {
+            if (errno == EINTR)
+                continue;
+            CFileException::ThrowErrno(errno, m_strFileName);
+        }
+        if (n == 0)
+            break;
+        nRead += static_cast<UINT>(n);
+    }
+    return nRead;
+}
+
+void CFile::Write(const void* lpBuf, UINT nCount)
+{
+    if (nCount == 0)
+        return;
+    if (lpBuf == nullptr)
+        AfxThrowInvalidArgException();
+    const char* p = static_cast<const char*>(lpBuf);
+    UINT nWritten = 0;
+    while (nWritten < nCount) {
+        const ssize_t n = ::write(FdFromHandle(m_hFile), p + nWritten, nCount - nWritten);
+        if (n < 0) {
+            if (errno == EINTR)
+                continue;
+            CFileException::ThrowErrno(errno, m_strFileName);
+        }
+        if (n == 0)
+            AfxThrowFileException(CFileException::diskFull, ENOSPC, m_strFileName);
+        nWritten += static_cast<UINT>(n);
+    }
+}
+
+ULONGLONG CFile::Seek(LONGLONG lOff, UINT nFrom)
+{
+    int whence = SEEK_SET;
+    switch (nFrom) {
+    case begin: whence = SEEK_SET; break;
+    case current: whence = SEEK_CUR; break;
+    case end: whence = SEEK_END; break;
+    default: AfxThrowInvalidArgException();
+    }
+    const off_t pos = ::lseek(FdFromHandle(m_hFile), static_cast<off_t>(lOff), whence);
+    if (pos < 0) {
+        // A target before the file's start is a bad seek, as in the Windows build.
+        const int error = errno;
+        if (error == EINVAL)
+            AfxThrowFileException(CFileException::badSeek, error, m_strFileName);
+        CFileException::ThrowErrno(error, m_strFileName);
+    }
+    return static_cast<ULONGLONG>(pos);
+}
+
+ULONGLONG CFile::GetPosition() const
+{
+    const off_t pos = ::lseek(FdFromHandle(m_hFile), 0, SEEK_CUR);
+    if (pos < 0)
+        CFileException::ThrowErrno(errno, m_strFileName);
+    return static_cast<ULONGLONG>(pos);
+}
+
+ULONGLONG CFile::GetLength() const
+{
+    struct stat st {};
+    if (::fstat(FdFromHandle(m_hFile), &st) != 0)
+        CFileException::ThrowErrno(errno, m_strFileName);
+    return static_cast<ULONGLONG>(st.st_size);
+}
+
+void CFile::SetLength(ULONGLONG dwNewLen)
+{
+    if (::ftruncate(FdFromHandle(m_hFile), static_cast<off_t>(dwNewLen)) != 0)
+        CFileException::ThrowErrno(errno, m_strFileName);
+}
+
+void CFile::Flush()
+{
+    if (m_hFile == hFileNull)
+        return;
+    if (::fsync(FdFromHandle(m_hFile)) != 0 && errno != EINVAL && errno != EROFS)
+        CFileException::ThrowErrno(errno, m_strFileName);
+}
+
+void CFile::Close()
+{
+    int error = 0;
+    if (m_hFile != hFileNull && ::close(FdFromHandle(m_hFile)) != 0)
+        error = errno;
+    const CString name = m_strFileName;
+    m_hFile = hFileNull;
+    m_bCloseOnDelete = FALSE;
+    m_strFileName.Empty();
+    CFileException::ThrowErrno(error, name);
+}
+
+void CFile::Abort()
+{
+    if (m_hFile != hFileNull)
+        ::close(FdFromHandle(m_hFile));
+    m_hFile = hFileNull;
+    m_bCloseOnDelete = FALSE;
+    m_strFileName.Empty();
+}
+
+void PASCAL CFile::Rename(LPCTSTR lpszOldName, LPCTSTR lpszNewName)
+{
+    if (::rename(lpszOldName, lpszNewName) != 0)
+        CFileException::ThrowErrno(errno, lpszOldName);
+}
+
+void PASCAL CFile::Remove(LPCTSTR lpszFileName)
+{
+    if (::unlink(lpszFileName) != 0)
+        CFileException::ThrowErrno(errno, lpszFileName);
+}

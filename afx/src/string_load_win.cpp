@@ -1,1 +1,113 @@
-// placeholder
+// CString's string resources: finding the module, loading and converting.
+#include "afxstr.h"
+
+#include <algorithm>
+#include <climits>
+#include <cstring>
+#include <mutex>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace {
+
+constexpr UINT kCodePage1252 = 1252;
+constexpr UINT kStringsPerBlock = 16;
+
+// The modules searched after the exe. A later change replaces this list
+// with the framework's resource chain.
+std::mutex g_modulesLock;
+std::vector<HINSTANCE> g_modules;
+
+// The UTF-16 text of string nID in module; empty if the module lacks it.
+std::wstring_view FindStringEntry(HINSTANCE module, UINT nID)
+{
+    HRSRC resource = FindResourceA(module, MAKEINTRESOURCEA(nID / kStringsPerBlock + 1), RT_STRING);
+    if (resource == nullptr)
+        return {};
+    HGLOBAL loaded = LoadResource(module, resource);
+    if (loaded == nullptr)
+        return {};
+    const auto* entry = static_cast<const WCHAR*>(LockResource(loaded));
+    if (entry == nullptr)
+        return {};
+    const WCHAR* end = entry + SizeofResource(module, resource) / sizeof(WCHAR);
+    // A block holds 16 counted texts in a row; skip to the one for nID.
+    for (UINT i = 0; i < nID % kStringsPerBlock; ++i) {
+        if (entry >= end)
+            return {};
+        entry += 1 + *entry;
+    }
+    if (entry >= end || *entry > end - entry - 1)
+        return {};
+    return {entry + 1, *entry};
+}
+
+std::vector<HINSTANCE> ModulesToSearch()
+{
+    std::vector<HINSTANCE> modules{GetModuleHandleW(nullptr)};
+    const std::lock_guard<std::mutex> lock(g_modulesLock);
+    modules.insert(modules.end(), g_modules.begin(), g_modules.end());
+    return modules;
+}
+
+}  // namespace
+
+HINSTANCE AfxFindStringResourceHandle(UINT nID)
+{
+    for (HINSTANCE module : ModulesToSearch()) {
+        if (!FindStringEntry(module, nID).empty())
+            return module;
+    }
+    return nullptr;
+}
+
+void AfxRegisterResourceModule(HINSTANCE hModule)
+{
+    if (hModule == nullptr)
+        return;
+    const std::lock_guard<std::mutex> lock(g_modulesLock);
+    if (std::find(g_modules.begin(), g_modules.end(), hModule) == g_modules.end())
+        g_modules.push_back(hModule);
+}
+
+BOOL CString::LoadString(UINT nID)
+{
+    HINSTANCE module = AfxFindStringResourceHandle(nID);
+    if (module == nullptr)
+        return FALSE;
+    const std::wstring_view text = FindStringEntry(module, nID);
+    const WCHAR* wide = text.data();
+    const int wideLength = static_cast<int>(text.size());
+    const int length = WideCharToMultiByte(kCodePage1252, 0, wide, wideLength, nullptr, 0, nullptr, nullptr);
+    if (length <= 0)
+        return FALSE;
+    CString loaded;
+    WideCharToMultiByte(kCodePage1252, 0, wide, wideLength, loaded.GetBufferSetLength(length), length, nullptr,
+                        nullptr);
+    loaded.ReleaseBuffer(length);
+    *this = std::move(loaded);
+    return TRUE;
+}
+
+void CString::Format(UINT nFormatID, ...)
+{
+    CString format;
+    format.LoadString(nFormatID);
+    va_list args;
+    va_start(args, nFormatID);
+    FormatV(format, args);
+    va_end(args);
+}
+
+int AfxLoadString(UINT nID, LPSTR lpszBuf, UINT nMaxBuf)
+{
+    if (lpszBuf == nullptr || nMaxBuf == 0)
+        return 0;
+    CString text;
+    text.LoadString(nID);
+    const int copied = std::min(text.GetLength(), static_cast<int>(std::min<UINT>(nMaxBuf - 1, INT_MAX)));
+    std::memcpy(lpszBuf, text.GetString(), static_cast<std::size_t>(copied));
+    lpszBuf[copied] = '\0';
+    return copied;
+}
