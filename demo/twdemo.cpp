@@ -1,37 +1,101 @@
 // twdemo: the host application that shows what the library offers.
 //
-//   twdemo.exe                 the interactive demo
+//   twdemo.exe                 the interactive demo: a main window whose menus
+//                              open every dialog and control of the catalogue
 //   twdemo.exe --tour DIR      shows each window once, saves a PNG of it into
 //                              DIR and prints the file's path, then ends
-#include "snapshot.h"
+#include "demo_catalog.h"
 #include "twstddlg.h"
 
 #include <cstdio>
 #include <cstring>
+#include <memory>
 #include <string>
 
 namespace {
 
-const char kMainClass[] = "TwDemoMainWindow";
+// Command ids of the catalogue's menu items: kFirstEntryCommand + index.
+constexpr UINT kFirstEntryCommand = 40000;
+constexpr UINT kExitCommand = 39999;
 
-std::string libraryVersion()
+CString libraryVersion()
 {
     DLLVERSIONINFO info = {};
     info.cbSize = sizeof(info);
     DllGetVersion(info);
-    char text[64];
-    std::snprintf(text, sizeof(text), "%lu.%lu.%lu", static_cast<unsigned long>(info.dwMajorVersion),
-                  static_cast<unsigned long>(info.dwMinorVersion),
-                  static_cast<unsigned long>(info.dwBuildNumber));
+    CString text;
+    text.Format("%lu.%lu.%lu", static_cast<unsigned long>(info.dwMajorVersion),
+                static_cast<unsigned long>(info.dwMinorVersion), static_cast<unsigned long>(info.dwBuildNumber));
     return text;
 }
 
-void paintMain(HWND wnd)
+// The main window: a heading with the library's version and the menus of
+// the catalogue.
+class CDemoMainWnd : public CWnd
+{
+public:
+    BOOL CreateMain()
+    {
+        LPCTSTR cls = AfxRegisterWndClass(CS_HREDRAW | CS_VREDRAW, LoadCursor(nullptr, IDC_ARROW),
+                                          reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1),
+                                          LoadIcon(nullptr, IDI_APPLICATION));
+        const CString caption = "twstddlg-Demo – Version " + libraryVersion();
+        return CreateEx(0, cls, caption, WS_OVERLAPPEDWINDOW, 80, 60, 760, 420, nullptr, buildMenu());
+    }
+
+protected:
+    BOOL OnCommand(WPARAM wParam, LPARAM lParam) override
+    {
+        const UINT id = LOWORD(wParam);
+        const auto& entries = DemoEntries();
+        if (id >= kFirstEntryCommand && id < kFirstEntryCommand + entries.size()) {
+            entries[id - kFirstEntryCommand].run(this);
+            return TRUE;
+        }
+        if (id == kExitCommand) {
+            DestroyWindow();
+            return TRUE;
+        }
+        return CWnd::OnCommand(wParam, lParam);
+    }
+
+    afx_msg void OnPaint();
+    afx_msg void OnDestroy() { PostQuitMessage(0); }
+    DECLARE_MESSAGE_MAP()
+
+private:
+    static HMENU buildMenu()
+    {
+        HMENU bar = CreateMenu();
+        HMENU file = CreatePopupMenu();
+        AppendMenuA(file, MF_STRING, kExitCommand, "&Beenden");
+        AppendMenuA(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(file), "&Datei");
+        const auto& entries = DemoEntries();
+        HMENU popup = nullptr;
+        const char* group = nullptr;
+        for (size_t i = 0; i < entries.size(); ++i) {
+            if (group == nullptr || lstrcmpA(group, entries[i].group) != 0) {
+                group = entries[i].group;
+                popup = CreatePopupMenu();
+                AppendMenuA(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(popup), group);
+            }
+            AppendMenuA(popup, MF_STRING, kFirstEntryCommand + i, entries[i].label);
+        }
+        return bar;
+    }
+};
+
+BEGIN_MESSAGE_MAP(CDemoMainWnd, CWnd)
+    ON_WM_PAINT()
+    ON_WM_DESTROY()
+END_MESSAGE_MAP()
+
+void CDemoMainWnd::OnPaint()
 {
     PAINTSTRUCT ps;
-    HDC dc = BeginPaint(wnd, &ps);
+    HDC dc = ::BeginPaint(m_hWnd, &ps);
     RECT rc;
-    GetClientRect(wnd, &rc);
+    ::GetClientRect(m_hWnd, &rc);
     FillRect(dc, &rc, GetSysColorBrush(COLOR_WINDOW));
 
     RECT band = {0, 0, rc.right, 56};
@@ -47,106 +111,89 @@ void paintMain(HWND wnd)
     SetBkMode(dc, TRANSPARENT);
     SetTextColor(dc, RGB(255, 255, 255));
     RECT titleRect = {16, 0, rc.right, 56};
-    const std::string heading = "twstddlg " + libraryVersion();
-    DrawTextA(dc, heading.c_str(), -1, &titleRect, DT_SINGLELINE | DT_VCENTER);
+    const CString heading = "twstddlg " + libraryVersion();
+    DrawTextA(dc, heading, -1, &titleRect, DT_SINGLELINE | DT_VCENTER);
 
     SelectObject(dc, body);
     SetTextColor(dc, GetSysColor(COLOR_WINDOWTEXT));
     RECT text = {16, 72, rc.right - 16, rc.bottom - 16};
     const char* lines =
         "Standarddialoge, Steuerelemente und Wertetypen für die Programme von Tesselwerk.\n\n"
-        "Die Module afx.dll, twutil.dll und twstddlg.dll sind geladen.\n"
-        "Dialoge, Menüs und Steuerelemente erscheinen hier, sobald es sie gibt.";
+        "Die Menüs oben öffnen jeden Dialog und jedes Steuerelement der Bibliothek.";
     DrawTextA(dc, lines, -1, &text, DT_WORDBREAK);
     SelectObject(dc, oldFont);
     DeleteObject(title);
     DeleteObject(body);
-    EndPaint(wnd, &ps);
+    ::EndPaint(m_hWnd, &ps);
 }
 
-LRESULT CALLBACK mainProc(HWND wnd, UINT msg, WPARAM wp, LPARAM lp)
+class CDemoApp : public CWinApp
 {
-    switch (msg) {
-    case WM_PAINT:
-        paintMain(wnd);
-        return 0;
-    case WM_DESTROY:
-        PostQuitMessage(0);
-        return 0;
-    }
-    return DefWindowProcA(wnd, msg, wp, lp);
-}
+public:
+    CDemoApp() : CWinApp("twdemo") {}
 
-HWND createMainWindow(HINSTANCE instance)
-{
-    WNDCLASSA wc = {};
-    wc.lpfnWndProc = mainProc;
-    wc.hInstance = instance;
-    wc.hCursor = LoadCursor(nullptr, IDC_ARROW);
-    wc.hIcon = LoadIcon(nullptr, IDI_APPLICATION);
-    wc.lpszClassName = kMainClass;
-    RegisterClassA(&wc);
-    const std::string caption = "twstddlg-Demo – Version " + libraryVersion();
-    return CreateWindowExA(0, kMainClass, caption.c_str(), WS_OVERLAPPEDWINDOW, 80, 60, 760, 420,
-                           nullptr, nullptr, instance, nullptr);
-}
-
-// Handles whatever is queued, then waits up to `ms` for more, so that a
-// shown window is mapped and painted before it is captured.
-void settle(DWORD ms)
-{
-    const DWORD until = GetTickCount() + ms;
-    MSG msg;
-    for (;;) {
-        while (PeekMessageA(&msg, nullptr, 0, 0, PM_REMOVE)) {
-            TranslateMessage(&msg);
-            DispatchMessageA(&msg);
+    BOOL InitInstance() override
+    {
+        SetRegistryKey("Tesselwerk");
+        // The error log lives in the program folder, as in the hosts.
+        if (GetProfileString("Einstellungen", "ProgDir", "").IsEmpty())
+            WriteProfileString("Einstellungen", "ProgDir", programFolder());
+        m_errorReporter = std::make_unique<CTwSystemError>();
+        auto* main = new CDemoMainWnd;
+        if (!main->CreateMain()) {
+            delete main;
+            return FALSE;
         }
-        const DWORD now = GetTickCount();
-        if (static_cast<LONG>(until - now) <= 0)
-            break;
-        MsgWaitForMultipleObjects(0, nullptr, FALSE, until - now, QS_ALLINPUT);
+        m_pMainWnd = main;
+        main->ShowWindow(SW_SHOWNORMAL);
+        main->UpdateWindow();
+        return TRUE;
     }
-}
 
-// Saves one window of the tour and tells where it went.
-bool tourShot(HWND wnd, const std::string& dir, const char* name)
-{
-    settle(300);
-    const std::string path = dir + "\\" + name + ".png";
-    const bool ok = SnapshotWindowToPng(wnd, path.c_str());
-    std::printf("%s %s\n", ok ? "saved" : "FAILED", path.c_str());
-    std::fflush(stdout);
-    return ok;
-}
+    // The folder of twdemo.exe.
+    static CString programFolder()
+    {
+        char path[MAX_PATH] = {};
+        GetModuleFileNameA(nullptr, path, MAX_PATH);
+        CString folder(path);
+        folder = folder.Left(folder.ReverseFind('\\') + 1);
+        return folder;
+    }
 
-int runTour(HINSTANCE instance, const std::string& dir)
-{
-    CreateDirectoryA(dir.c_str(), nullptr);
-    HWND main = createMainWindow(instance);
-    ShowWindow(main, SW_SHOWNORMAL);
-    UpdateWindow(main);
-    const bool ok = tourShot(main, dir, "01-main-window");
-    DestroyWindow(main);
-    settle(0);
-    return ok ? 0 : 1;
-}
+    // Shows the main window and then every entry of the catalogue once.
+    int RunTour(const std::string& folder)
+    {
+        CreateDirectoryA(folder.c_str(), nullptr);
+        if (!InitInstance())
+            return 1;
+        DemoTour tour(folder);
+        DemoSettle(300);
+        tour.Shot(m_pMainWnd->GetSafeHwnd(), "main-window");
+        for (const DemoEntry& entry : DemoEntries())
+            if (entry.tour)
+                entry.tour(tour, m_pMainWnd);
+        m_pMainWnd->DestroyWindow();
+        DemoSettle(0);
+        ExitInstance();
+        return tour.AllSaved() ? 0 : 1;
+    }
+
+private:
+    // Made once at start: reads the debug level and fixes the log's path.
+    std::unique_ptr<CTwSystemError> m_errorReporter;
+};
+
+CDemoApp theApp;
 
 }  // namespace
 
 int main(int argc, char** argv)
 {
     HINSTANCE instance = GetModuleHandleA(nullptr);
-    if (argc >= 3 && std::strcmp(argv[1], "--tour") == 0)
-        return runTour(instance, argv[2]);
-
-    HWND main = createMainWindow(instance);
-    ShowWindow(main, SW_SHOWNORMAL);
-    UpdateWindow(main);
-    MSG msg;
-    while (GetMessageA(&msg, nullptr, 0, 0) > 0) {
-        TranslateMessage(&msg);
-        DispatchMessageA(&msg);
+    if (argc >= 3 && std::strcmp(argv[1], "--tour") == 0) {
+        if (!AfxWinInit(instance, nullptr, GetCommandLineA(), SW_SHOWNORMAL))
+            return 2;
+        return theApp.RunTour(argv[2]);
     }
-    return static_cast<int>(msg.wParam);
+    return AfxWinMain(instance, nullptr, GetCommandLineA(), SW_SHOWNORMAL);
 }

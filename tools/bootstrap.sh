@@ -10,6 +10,7 @@ packages=(
     googletest libbenchmark-dev
     clang libclang-rt-14-dev
     libimage-exiftool-perl
+    python3
 )
 
 missing=()

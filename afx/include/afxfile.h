@@ -1,4 +1,5 @@
-// Unbuffered binary files (CFile) and growable memory streams (CMemFile).
+// Unbuffered binary files (CFile), buffered text files (CStdioFile) and
+// growable memory streams (CMemFile).
 //
 // Every failure throws a CFileException* carrying the operating system's
 // error code, except Open, which reports through its pError argument.
@@ -150,4 +151,60 @@ protected:
 
 private:
     void FreeBuffer();
+};
+
+// A file read and written as text lines, with the C runtime's text and
+// binary modes on top of CFile.
+//
+// typeText (the default when neither type flag is given) writes every "\n"
+// as "\r\n" (so "\r\n" becomes "\r\r\n"), reads "\r\n" as "\n" and ends
+// the file at a Ctrl-Z byte (0x1A); typeBinary reads and writes bytes as they
+// are, so a line read from a "\r\n" file keeps its "\r". Positions and
+// lengths are those of the bytes on disk. As with the runtime's append modes,
+// a file opened with modeCreate | modeNoTruncate, or with modeWrite without
+// modeCreate, writes every block at the file's end, wherever the position
+// was. There is no FILE* (m_pStream): the class buffers reads itself.
+class AFX_API CStdioFile : public CFile
+{
+    DECLARE_DYNAMIC(CStdioFile)
+
+public:
+    CStdioFile();
+    // Opens the file; throws CFileException on failure.
+    CStdioFile(LPCTSTR lpszFileName, UINT nOpenFlags);
+
+    BOOL Open(LPCTSTR lpszFileName, UINT nOpenFlags, CFileException* pError = NULL) override;
+
+    // Writes the text up to its terminator.
+    virtual void WriteString(LPCTSTR lpsz);
+    // Reads up to nMax - 1 characters, stopping after a line end, which is
+    // kept as "\n" (text mode); NULL at the end of the file.
+    virtual LPTSTR ReadString(LPTSTR lpsz, UINT nMax);
+    // Reads one line without its "\n"; FALSE at the end of the file.
+    virtual BOOL ReadString(CString& rString);
+
+    UINT Read(void* lpBuf, UINT nCount) override;
+    void Write(const void* lpBuf, UINT nCount) override;
+    ULONGLONG Seek(LONGLONG lOff, UINT nFrom) override;
+    ULONGLONG GetPosition() const override;
+    ULONGLONG GetLength() const override;
+    void SetLength(ULONGLONG dwNewLen) override;
+    void Flush() override;
+    void Close() override;
+    void Abort() override;
+
+private:
+    static constexpr UINT kBufferSize = 4096;
+
+    int NextChar();
+    bool FillBuffer();
+    void DropReadBuffer();
+
+    BOOL m_bText;
+    BOOL m_bAppend;
+    // A Ctrl-Z ended the text; a seek clears it.
+    BOOL m_bAtTextEnd;
+    UINT m_nBufPos;
+    UINT m_nBufEnd;
+    char m_buffer[kBufferSize];
 };

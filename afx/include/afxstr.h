@@ -231,11 +231,9 @@ inline bool operator>=(const CString& a, const char* b) { return a.Compare(b) >=
 inline bool operator>=(const char* a, const CString& b) { return b.Compare(a) <= 0; }
 
 #ifdef _WIN32
-// The module whose string table holds string nID, or NULL. Searches the exe,
-// then the modules registered with AfxRegisterResourceModule in order.
+// The module whose string table holds string nID, or NULL. Searches the
+// resource chain in AfxFindResourceHandle's order (afxapp.h).
 AFX_API HINSTANCE AfxFindStringResourceHandle(UINT nID);
-// Adds a module to those searched for string resources after the exe.
-AFX_API void AfxRegisterResourceModule(HINSTANCE hModule);
 // Copies string resource nID into lpszBuf, truncated and NUL-terminated;
 // returns the characters copied, 0 if there is no such string.
 AFX_API int AfxLoadString(UINT nID, LPSTR lpszBuf, UINT nMaxBuf = 256);

@@ -48,7 +48,7 @@ BOOL CRect::SubtractRect(LPCRECT lpRectSrc1, LPCRECT lpRectSrc2) noexcept
         CopyRect(&result);
         return TRUE;
     }
-    if (common == result) {
+    if (common.EqualRect(&result)) {
         SetRectEmpty();
         return FALSE;
     }

@@ -2,6 +2,9 @@
 // a pointer of the most derived type, so that catch (CFileException* e) and
 // catch (CException* e) both work.
 #include "afxexcept.h"
+#ifdef _WIN32
+#include "afxwin.h"
+#endif
 
 #include <cerrno>
 #include <cstring>
@@ -173,12 +176,15 @@ BOOL CException::GetErrorMessage(LPTSTR lpszError, UINT nMaxError, PUINT pnHelpC
 #ifdef _WIN32
 int CException::ReportError(UINT nType, UINT nMessageID)
 {
+    // Through AfxMessageBox, so that the application (and a test
+    // application) sees and answers the box.
     char szMessage[512];
-    if (!GetErrorMessage(szMessage, sizeof szMessage)) {
-        std::string fallback = "An unexpected error occurred (" + std::to_string(nMessageID) + ").";
-        CopyMessage(fallback, szMessage, sizeof szMessage);
-    }
-    return MessageBoxA(GetActiveWindow(), szMessage, nullptr, nType);
+    UINT helpContext = 0;
+    if (GetErrorMessage(szMessage, sizeof szMessage, &helpContext))
+        return AfxMessageBox(szMessage, nType, helpContext);
+    if (nMessageID != 0)
+        return AfxMessageBox(nMessageID, nType, helpContext);
+    return AfxMessageBox("No error message is available.", nType, helpContext);
 }
 #endif
 

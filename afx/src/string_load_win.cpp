@@ -1,10 +1,11 @@
-// CString's string resources: finding the module, loading and converting.
-#include "afxstr.h"
+// CString's string resources: finding the module along the resource chain,
+// loading and converting.
+#include "afxwin.h"
+#include "module_state_impl.h"
 
 #include <algorithm>
 #include <climits>
 #include <cstring>
-#include <mutex>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -13,11 +14,6 @@ namespace {
 
 constexpr UINT kCodePage1252 = 1252;
 constexpr UINT kStringsPerBlock = 16;
-
-// The modules searched after the exe. A later change replaces this list
-// with the framework's resource chain.
-std::mutex g_modulesLock;
-std::vector<HINSTANCE> g_modules;
 
 // The UTF-16 text of string nID in module; empty if the module lacks it.
 std::wstring_view FindStringEntry(HINSTANCE module, UINT nID)
@@ -43,32 +39,15 @@ std::wstring_view FindStringEntry(HINSTANCE module, UINT nID)
     return {entry + 1, *entry};
 }
 
-std::vector<HINSTANCE> ModulesToSearch()
-{
-    std::vector<HINSTANCE> modules{GetModuleHandleW(nullptr)};
-    const std::lock_guard<std::mutex> lock(g_modulesLock);
-    modules.insert(modules.end(), g_modules.begin(), g_modules.end());
-    return modules;
-}
-
 }  // namespace
 
 HINSTANCE AfxFindStringResourceHandle(UINT nID)
 {
-    for (HINSTANCE module : ModulesToSearch()) {
+    for (HINSTANCE module : AfxResourceSearchOrder()) {
         if (!FindStringEntry(module, nID).empty())
             return module;
     }
     return nullptr;
-}
-
-void AfxRegisterResourceModule(HINSTANCE hModule)
-{
-    if (hModule == nullptr)
-        return;
-    const std::lock_guard<std::mutex> lock(g_modulesLock);
-    if (std::find(g_modules.begin(), g_modules.end(), hModule) == g_modules.end())
-        g_modules.push_back(hModule);
 }
 
 BOOL CString::LoadString(UINT nID)

@@ -1,0 +1,139 @@
+// Command targets: message-map look-up, command routing and CCmdUI.
+#include "afxwin.h"
+
+IMPLEMENT_DYNAMIC(CCmdTarget, CObject)
+
+const AFX_MSGMAP* PASCAL CCmdTarget::GetThisMessageMap()
+{
+    static const AFX_MSGMAP_ENTRY entries[] = {{0, 0, 0, 0, AfxSig_end, nullptr, nullptr}};
+    static const AFX_MSGMAP messageMap = {nullptr, &entries[0]};
+    return &messageMap;
+}
+
+const AFX_MSGMAP* CCmdTarget::GetMessageMap() const
+{
+    return GetThisMessageMap();
+}
+
+const AFX_MSGMAP_ENTRY* AfxFindMessageEntry(const AFX_MSGMAP_ENTRY* lpEntry, UINT nMsg, UINT nCode, UINT nID)
+{
+    for (; lpEntry->nSig != AfxSig_end; ++lpEntry) {
+        if (lpEntry->nSig == AfxSig_msg && lpEntry->nMessage == nMsg && lpEntry->nCode == nCode &&
+            nID >= lpEntry->nID && nID <= lpEntry->nLastID)
+            return lpEntry;
+    }
+    return nullptr;
+}
+
+CCmdTarget::CCmdTarget() = default;
+
+CCmdTarget::~CCmdTarget() = default;
+
+BOOL CCmdTarget::OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo)
+{
+    // An update request keeps its code whole; everything else carries the
+    // message in the high word (WM_NOTIFY, reflected messages) and the
+    // notification code in the low word.
+    UINT nMsg = WM_COMMAND;
+    UINT code = static_cast<UINT>(nCode);
+    if (code != CN_UPDATE_COMMAND_UI) {
+        nMsg = HIWORD(code) != 0 ? HIWORD(code) : WM_COMMAND;
+        code = LOWORD(code);
+    }
+
+    for (const AFX_MSGMAP* map = GetMessageMap(); map != nullptr;
+         map = map->pfnGetBaseMap != nullptr ? map->pfnGetBaseMap() : nullptr) {
+        const AFX_MSGMAP_ENTRY* entry = AfxFindMessageEntry(map->lpEntries, nMsg, code, nID);
+        if (entry == nullptr)
+            continue;
+        if (pHandlerInfo != nullptr) {
+            pHandlerInfo->pTarget = this;
+            pHandlerInfo->pfn = entry->pfn;
+            return TRUE;
+        }
+        AFX_MSGCALL call = {nMsg, 0, 0, nID, code, pExtra, 0};
+        return entry->pfn(this, call);
+    }
+    return FALSE;
+}
+
+void CCmdTarget::BeginWaitCursor()
+{
+    SetCursor(LoadCursorA(nullptr, IDC_WAIT));
+}
+
+void CCmdTarget::EndWaitCursor()
+{
+    SetCursor(LoadCursorA(nullptr, IDC_ARROW));
+}
+
+void CCmdTarget::RestoreWaitCursor()
+{
+    BeginWaitCursor();
+}
+
+CCmdUI::CCmdUI()
+    : m_nID(0),
+      m_nIndex(0),
+      m_pMenu(nullptr),
+      m_pSubMenu(nullptr),
+      m_pParentMenu(nullptr),
+      m_pOther(nullptr),
+      m_nIndexMax(0),
+      m_bEnableChanged(FALSE),
+      m_bContinueRouting(FALSE)
+{
+}
+
+// Menu items are updated by the menu classes, which replace these for
+// m_pMenu; here only the control in m_pOther changes.
+void CCmdUI::Enable(BOOL bOn)
+{
+    if (m_pOther != nullptr && m_pOther->m_hWnd != nullptr) {
+        const HWND hWnd = m_pOther->m_hWnd;
+        // Disabling the focused control first moves the focus on.
+        if (!bOn && ::GetFocus() == hWnd) {
+            const HWND parent = ::GetParent(hWnd);
+            if (parent != nullptr)
+                ::SendMessageA(parent, WM_NEXTDLGCTL, 0, FALSE);
+        }
+        ::EnableWindow(hWnd, bOn);
+    }
+    m_bEnableChanged = TRUE;
+}
+
+void CCmdUI::SetCheck(int nCheck)
+{
+    if (m_pOther != nullptr && m_pOther->m_hWnd != nullptr &&
+        (::SendMessageA(m_pOther->m_hWnd, WM_GETDLGCODE, 0, 0) & DLGC_BUTTON))
+        ::SendMessageA(m_pOther->m_hWnd, BM_SETCHECK, static_cast<WPARAM>(nCheck), 0);
+}
+
+void CCmdUI::SetRadio(BOOL bOn)
+{
+    SetCheck(bOn ? 1 : 0);
+}
+
+void CCmdUI::SetText(LPCTSTR lpszText)
+{
+    if (m_pOther != nullptr && m_pOther->m_hWnd != nullptr)
+        m_pOther->SetWindowText(lpszText);
+}
+
+void CCmdUI::ContinueRouting()
+{
+    m_bContinueRouting = TRUE;
+}
+
+BOOL CCmdUI::DoUpdate(CCmdTarget* pTarget, BOOL bDisableIfNoHndler)
+{
+    if (pTarget == nullptr)
+        return FALSE;
+    m_bEnableChanged = FALSE;
+    const BOOL handled = pTarget->OnCmdMsg(m_nID, static_cast<int>(CN_UPDATE_COMMAND_UI), this, nullptr);
+    if (bDisableIfNoHndler && !m_bEnableChanged) {
+        AFX_CMDHANDLERINFO info = {nullptr, nullptr};
+        Enable(pTarget->OnCmdMsg(m_nID, CN_COMMAND, this, &info));
+    }
+    return handled;
+}

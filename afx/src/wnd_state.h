@@ -1,0 +1,60 @@
+// Per-thread state of the window layer that its units share: handle maps,
+// the creation hook, the message being processed and the notification
+// lock-out of UpdateData.
+#pragma once
+
+#include "afxwin.h"
+
+#include <unordered_map>
+
+// One handle map: permanent objects (owned by the caller) and temporary ones
+// (owned by the map).
+template <class Handle, class Object>
+struct AfxHandleMap
+{
+    std::unordered_map<Handle, Object*> permanent;
+    std::unordered_map<Handle, Object*> temporary;
+
+    Object* LookupPermanent(Handle h) const
+    {
+        auto it = permanent.find(h);
+        return it != permanent.end() ? it->second : nullptr;
+    }
+    Object* LookupTemporary(Handle h) const
+    {
+        auto it = temporary.find(h);
+        return it != temporary.end() ? it->second : nullptr;
+    }
+};
+
+struct AfxWndThreadState
+{
+    AfxHandleMap<HWND, CWnd> windows;
+    AfxHandleMap<HDC, CDC> dcs;
+    AfxHandleMap<HGDIOBJ, CGdiObject> gdiObjects;
+    int nTempMapLock = 0;
+
+    // Creation hook.
+    HHOOK hHookCbt = nullptr;
+    int nHookDepth = 0;
+    CWnd* pWndInit = nullptr;
+    // The class the hooked window must have (a name or an atom); NULL
+    // takes the first window that is not one of the system's helpers.
+    LPCSTR lpszInitClass = nullptr;
+
+    // The message the thread's window procedure is processing.
+    MSG lastSentMsg = {};
+    // The window whose control notifications UpdateData holds back.
+    HWND hLockoutNotifyWindow = nullptr;
+};
+
+// The calling thread's state, made on first use. It lives as long as the
+// process: window objects may outlive the thread's other data at exit.
+AfxWndThreadState& AfxGetWndThreadState();
+
+// AfxHookWindowCreate for a window that must be of class lpszClass (a name
+// or an atom); other windows made meanwhile are left alone.
+void AfxHookWindowCreateOfClass(CWnd* pWnd, LPCSTR lpszClass);
+
+// Deletes the calling thread's temporary GDI and device context objects.
+void AfxDeleteGdiTempMaps(AfxWndThreadState& state);
