@@ -102,7 +102,10 @@ function(tw_add_gtest name)
   endif()
   if(TW_WINDOWS)
     add_test(NAME win.${name} COMMAND ${name})
-    set_tests_properties(win.${name} PROPERTIES FIXTURES_REQUIRED wine TIMEOUT 600)
+    # One Windows test at a time: keyboard focus and the foreground window
+    # belong to the one Wine desktop that all test programs share.
+    set_tests_properties(win.${name} PROPERTIES FIXTURES_REQUIRED wine TIMEOUT 600
+                         RESOURCE_LOCK wine_desktop)
   else()
     include(GoogleTest)
     gtest_discover_tests(${name} TEST_PREFIX native. DISCOVERY_TIMEOUT 60)

@@ -5,19 +5,14 @@
 // segment walk and the TIFF directories are reached quickly.
 #include "exif.h"
 
+#include "fuzz_check.h"
+
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <vector>
 
 namespace {
-
-void Check(bool ok)
-{
-    if (!ok)
-        std::abort();
-}
 
 void CheckText(const CString& s)
 {
@@ -50,11 +45,9 @@ bool SameInfo(const tag_ExifInfo& a, const tag_ExifInfo& b)
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    if (size == 0)
+    bool whole;
+    if (!TakeReaderChoice(data, size, whole))
         return 0;
-    const bool whole = data[0] & 1;
-    ++data;
-    --size;
 
     tag_ExifInfo first, second;
     std::vector<std::string> tags1, tags2;

@@ -5,27 +5,16 @@
 // rest is a whole JPEG or bare IIM datasets.
 #include "iptc.h"
 
+#include "fuzz_check.h"
+
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
-
-namespace {
-
-void Check(bool ok)
-{
-    if (!ok)
-        std::abort();
-}
-
-}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    if (size == 0)
+    bool whole;
+    if (!TakeReaderChoice(data, size, whole))
         return 0;
-    const bool whole = data[0] & 1;
-    ++data;
-    --size;
 
     CIPTC a, b;
     const int r1 = whole ? a.OpenMemory(data, size) : a.DecodeIIM(data, size);

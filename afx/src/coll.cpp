@@ -24,6 +24,22 @@ DWORD_PTR CheckedCount(CArchive& ar)
     return nCount;
 }
 
+// Writes the count and then each element through the archive's operator,
+// or reads them back the same way into the array resized to the count.
+template <class TYPE, class ARG_TYPE>
+void SerializeEach(CArchive& ar, CArray<TYPE, ARG_TYPE>& array)
+{
+    if (ar.IsStoring()) {
+        ar.WriteCount(static_cast<DWORD_PTR>(array.GetSize()));
+        for (INT_PTR i = 0; i < array.GetSize(); ++i)
+            ar << array[i];
+    } else {
+        array.SetSize(static_cast<INT_PTR>(CheckedCount(ar)), -1);
+        for (INT_PTR i = 0; i < array.GetSize(); ++i)
+            ar >> array[i];
+    }
+}
+
 }  // namespace
 
 IMPLEMENT_SERIAL(CByteArray, CObject, 0)
@@ -45,29 +61,13 @@ void CPtrArray::Serialize(CArchive& ar)
 void CObArray::Serialize(CArchive& ar)
 {
     CObject::Serialize(ar);
-    if (ar.IsStoring()) {
-        ar.WriteCount(static_cast<DWORD_PTR>(m_nSize));
-        for (INT_PTR i = 0; i < m_nSize; ++i)
-            ar << m_pData[i];
-    } else {
-        SetSize(static_cast<INT_PTR>(CheckedCount(ar)), -1);
-        for (INT_PTR i = 0; i < m_nSize; ++i)
-            ar >> m_pData[i];
-    }
+    SerializeEach(ar, *this);
 }
 
 void CStringArray::Serialize(CArchive& ar)
 {
     CObject::Serialize(ar);
-    if (ar.IsStoring()) {
-        ar.WriteCount(static_cast<DWORD_PTR>(m_nSize));
-        for (INT_PTR i = 0; i < m_nSize; ++i)
-            ar << m_pData[i];
-    } else {
-        SetSize(static_cast<INT_PTR>(CheckedCount(ar)), -1);
-        for (INT_PTR i = 0; i < m_nSize; ++i)
-            ar >> m_pData[i];
-    }
+    SerializeEach(ar, *this);
 }
 
 UINT CMapStringToPtr::HashKey(LPCTSTR key) const noexcept

@@ -8,7 +8,6 @@
 
 #include <cerrno>
 #include <cstring>
-#include <iterator>
 #include <string>
 #include <string_view>
 
@@ -66,6 +65,16 @@ constexpr const char* kFileMessages[] = {
     "Disk full while accessing %1.",                                       // diskFull
     "An attempt was made to access %1 past its end.",                      // endOfFile
 };
+
+// The message of a cause from its class's table with the file's name in it;
+// a cause outside the table gets the message of genericCause.
+template <std::size_t N>
+std::string CauseMessage(const char* const (&messages)[N], int cause, int genericCause,
+                         const CString& fileName)
+{
+    const bool known = cause >= 0 && cause < int(N);
+    return WithFileName(messages[known ? cause : genericCause], fileName);
+}
 
 // Win32 error codes (GetLastError values); the same numbers in both builds.
 struct OsErrorCause { LONG error; int cause; };
@@ -255,9 +264,8 @@ BOOL CArchiveException::GetErrorMessage(LPTSTR lpszError, UINT nMaxError,
 {
     if (pnHelpContext != nullptr)
         *pnHelpContext = 0;
-    const bool known = m_cause >= 0 && m_cause < int(std::size(kArchiveMessages));
-    const char* text = known ? kArchiveMessages[m_cause] : kArchiveMessages[genericException];
-    CopyMessage(WithFileName(text, m_strFileName), lpszError, nMaxError);
+    CopyMessage(CauseMessage(kArchiveMessages, m_cause, genericException, m_strFileName), lpszError,
+                nMaxError);
     return TRUE;
 }
 
@@ -279,9 +287,8 @@ BOOL CFileException::GetErrorMessage(LPTSTR lpszError, UINT nMaxError,
 {
     if (pnHelpContext != nullptr)
         *pnHelpContext = 0;
-    const bool known = m_cause >= 0 && m_cause < int(std::size(kFileMessages));
-    const char* text = known ? kFileMessages[m_cause] : kFileMessages[genericException];
-    CopyMessage(WithFileName(text, m_strFileName), lpszError, nMaxError);
+    CopyMessage(CauseMessage(kFileMessages, m_cause, genericException, m_strFileName), lpszError,
+                nMaxError);
     return TRUE;
 }
 

@@ -1,5 +1,7 @@
-// The parts of CFile that do not touch the operating system.
+// CFile's rules on both systems; file_os.h names what the system does.
 #include "afxfile.h"
+
+#include "file_os.h"
 
 #include <cstdint>
 #include <cstring>
@@ -45,6 +47,73 @@ CFile::~CFile()
 {
     if (m_hFile != NullHandle() && m_bCloseOnDelete)
         CFile::Abort();
+}
+
+BOOL CFile::Open(LPCTSTR lpszFileName, UINT nOpenFlags, CFileException* pError)
+{
+    if (pError != nullptr)
+        pError->Clear();
+    if (lpszFileName == nullptr || lpszFileName[0] == '\0') {
+        if (pError != nullptr) {
+            pError->m_cause = CFileException::badPath;
+            pError->m_lOsError = AfxFileBadPathError();
+            pError->m_strFileName = lpszFileName != nullptr ? lpszFileName : "";
+        }
+        return FALSE;
+    }
+    if (m_hFile != hFileNull)
+        Abort();
+    LONG error = 0;
+    const HANDLE hFile = AfxFileOpen(lpszFileName, nOpenFlags, error);
+    if (hFile == hFileNull) {
+        if (pError != nullptr) {
+            pError->m_cause = AfxFileErrorCause(error);
+            pError->m_lOsError = error;
+            pError->m_strFileName = lpszFileName;
+        }
+        return FALSE;
+    }
+    m_hFile = hFile;
+    m_bCloseOnDelete = TRUE;
+    m_strFileName = AfxFileFullPath(lpszFileName);
+    return TRUE;
+}
+
+UINT CFile::Read(void* lpBuf, UINT nCount)
+{
+    if (nCount == 0)
+        return 0;
+    if (lpBuf == nullptr)
+        AfxThrowInvalidArgException();
+    return AfxFileRead(m_hFile, lpBuf, nCount, m_strFileName);
+}
+
+void CFile::Write(const void* lpBuf, UINT nCount)
+{
+    if (nCount == 0)
+        return;
+    if (lpBuf == nullptr)
+        AfxThrowInvalidArgException();
+    AfxFileWrite(m_hFile, lpBuf, nCount, m_strFileName);
+}
+
+void CFile::Close()
+{
+    const LONG error = m_hFile != hFileNull ? AfxFileClose(m_hFile) : 0;
+    const CString name = m_strFileName;
+    m_hFile = hFileNull;
+    m_bCloseOnDelete = FALSE;
+    m_strFileName.Empty();
+    AfxFileThrowError(error, name);
+}
+
+void CFile::Abort()
+{
+    if (m_hFile != hFileNull)
+        AfxFileClose(m_hFile);
+    m_hFile = hFileNull;
+    m_bCloseOnDelete = FALSE;
+    m_strFileName.Empty();
 }
 
 CFile::operator HANDLE() const

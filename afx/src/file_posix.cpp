@@ -1,6 +1,6 @@
 // CFile on POSIX file descriptors (native build). The descriptor is kept in
 // m_hFile; share modes have no POSIX counterpart and are ignored.
-#include "afxfile.h"
+#include "file_os.h"
 
 #include <cerrno>
 #include <climits>
@@ -57,50 +57,51 @@ std::string FullPath(LPCTSTR lpszFileName)
 
 }  // namespace
 
-BOOL CFile::Open(LPCTSTR lpszFileName, UINT nOpenFlags, CFileException* pError)
+LONG AfxFileBadPathError()
 {
-    if (pError != nullptr)
-        pError->Clear();
-    if (lpszFileName == nullptr || lpszFileName[0] == '\0') {
-        if (pError != nullptr) {
-            pError->m_cause = CFileException::badPath;
-            pError->m_lOsError = ENOENT;
-            pError->m_strFileName = lpszFileName != nullptr ? lpszFileName : "";
-        }
-        return FALSE;
-    }
-    if (m_hFile != hFileNull)
-        Abort();
-    const int fd = ::open(lpszFileName, OpenFlagsToPosix(nOpenFlags), kCreateMode);
-    if (fd < 0) {
-        const int error = errno;
-        if (pError != nullptr) {
-            pError->m_cause = CFileException::ErrnoToException(error);
-            pError->m_lOsError = error;
-            pError->m_strFileName = lpszFileName;
-        }
-        return FALSE;
-    }
-    m_hFile = HandleFromFd(fd);
-    m_bCloseOnDelete = TRUE;
-    m_strFileName = FullPath(lpszFileName).c_str();
-    return TRUE;
+    return ENOENT;
 }
 
-UINT CFile::Read(void* lpBuf, UINT nCount)
+HANDLE AfxFileOpen(LPCTSTR lpszFileName, UINT nOpenFlags, LONG& error)
 {
-    if (nCount == 0)
-        return 0;
-    if (lpBuf == nullptr)
-        AfxThrowInvalidArgException();
+    const int fd = ::open(lpszFileName, OpenFlagsToPosix(nOpenFlags), kCreateMode);
+    if (fd < 0) {
+        error = errno;
+        return CFile::hFileNull;
+    }
+    return HandleFromFd(fd);
+}
+
+CString AfxFileFullPath(LPCTSTR lpszFileName)
+{
+    return FullPath(lpszFileName).c_str();
+}
+
+LONG AfxFileClose(HANDLE hFile)
+{
+    return ::close(FdFromHandle(hFile)) != 0 ? errno : 0;
+}
+
+int AfxFileErrorCause(LONG error)
+{
+    return CFileException::ErrnoToException(static_cast<int>(error));
+}
+
+void AfxFileThrowError(LONG error, LPCTSTR lpszFileName)
+{
+    CFileException::ThrowErrno(static_cast<int>(error), lpszFileName);
+}
+
+UINT AfxFileRead(HANDLE hFile, void* lpBuf, UINT nCount, LPCTSTR lpszFileName)
+{
     char* p = static_cast<char*>(lpBuf);
     UINT nRead = 0;
     while (nRead < nCount) {
-        const ssize_t n = ::read(FdFromHandle(m_hFile), p + nRead, nCount - nRead);
+        const ssize_t n = ::read(FdFromHandle(hFile), p + nRead, nCount - nRead);
         if (n < 0) {
             if (errno == EINTR)
                 continue;
-            CFileException::ThrowErrno(errno, m_strFileName);
+            CFileException::ThrowErrno(errno, lpszFileName);
         }
         if (n == 0)
             break;
@@ -109,23 +110,19 @@ UINT CFile::Read(void* lpBuf, UINT nCount)
     return nRead;
 }
 
-void CFile::Write(const void* lpBuf, UINT nCount)
+void AfxFileWrite(HANDLE hFile, const void* lpBuf, UINT nCount, LPCTSTR lpszFileName)
 {
-    if (nCount == 0)
-        return;
-    if (lpBuf == nullptr)
-        AfxThrowInvalidArgException();
     const char* p = static_cast<const char*>(lpBuf);
     UINT nWritten = 0;
     while (nWritten < nCount) {
-        const ssize_t n = ::write(FdFromHandle(m_hFile), p + nWritten, nCount - nWritten);
+        const ssize_t n = ::write(FdFromHandle(hFile), p + nWritten, nCount - nWritten);
         if (n < 0) {
             if (errno == EINTR)
                 continue;
-            CFileException::ThrowErrno(errno, m_strFileName);
+            CFileException::ThrowErrno(errno, lpszFileName);
         }
         if (n == 0)
-            AfxThrowFileException(CFileException::diskFull, ENOSPC, m_strFileName);
+            AfxThrowFileException(CFileException::diskFull, ENOSPC, lpszFileName);
         nWritten += static_cast<UINT>(n);
     }
 }
@@ -178,27 +175,6 @@ void CFile::Flush()
         return;
     if (::fsync(FdFromHandle(m_hFile)) != 0 && errno != EINVAL && errno != EROFS)
         CFileException::ThrowErrno(errno, m_strFileName);
-}
-
-void CFile::Close()
-{
-    int error = 0;
-    if (m_hFile != hFileNull && ::close(FdFromHandle(m_hFile)) != 0)
-        error = errno;
-    const CString name = m_strFileName;
-    m_hFile = hFileNull;
-    m_bCloseOnDelete = FALSE;
-    m_strFileName.Empty();
-    CFileException::ThrowErrno(error, name);
-}
-
-void CFile::Abort()
-{
-    if (m_hFile != hFileNull)
-        ::close(FdFromHandle(m_hFile));
-    m_hFile = hFileNull;
-    m_bCloseOnDelete = FALSE;
-    m_strFileName.Empty();
 }
 
 void PASCAL CFile::Rename(LPCTSTR lpszOldName, LPCTSTR lpszNewName)

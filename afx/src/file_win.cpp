@@ -1,5 +1,5 @@
 // CFile on Win32 file handles (Windows build).
-#include "afxfile.h"
+#include "file_os.h"
 
 namespace {
 
@@ -65,67 +65,62 @@ LONG LastError()
 
 }  // namespace
 
-BOOL CFile::Open(LPCTSTR lpszFileName, UINT nOpenFlags, CFileException* pError)
+LONG AfxFileBadPathError()
 {
-    if (pError != nullptr)
-        pError->Clear();
-    if (lpszFileName == nullptr || lpszFileName[0] == '\0') {
-        if (pError != nullptr) {
-            pError->m_cause = CFileException::badPath;
-            pError->m_lOsError = ERROR_PATH_NOT_FOUND;
-            pError->m_strFileName = lpszFileName != nullptr ? lpszFileName : "";
-        }
-        return FALSE;
-    }
-    if (m_hFile != hFileNull)
-        Abort();
+    return ERROR_PATH_NOT_FOUND;
+}
 
+HANDLE AfxFileOpen(LPCTSTR lpszFileName, UINT nOpenFlags, LONG& error)
+{
     SECURITY_ATTRIBUTES sa = {};
     sa.nLength = sizeof sa;
-    sa.bInheritHandle = (nOpenFlags & modeNoInherit) ? FALSE : TRUE;
+    sa.bInheritHandle = (nOpenFlags & CFile::modeNoInherit) ? FALSE : TRUE;
     HANDLE h = CreateFileA(lpszFileName, AccessOf(nOpenFlags), ShareOf(nOpenFlags), &sa,
                            CreationOf(nOpenFlags), AttributesOf(nOpenFlags), nullptr);
     if (h == INVALID_HANDLE_VALUE) {
-        const LONG error = LastError();
-        if (pError != nullptr) {
-            pError->m_cause = CFileException::OsErrorToException(error);
-            pError->m_lOsError = error;
-            pError->m_strFileName = lpszFileName;
-        }
-        return FALSE;
+        error = LastError();
+        return CFile::hFileNull;
     }
-    m_hFile = h;
-    m_bCloseOnDelete = TRUE;
-
-    char szFull[MAX_PATH * 4];
-    const DWORD nFull = GetFullPathNameA(lpszFileName, sizeof szFull, szFull, nullptr);
-    m_strFileName = (nFull > 0 && nFull < sizeof szFull) ? szFull : lpszFileName;
-    return TRUE;
+    return h;
 }
 
-UINT CFile::Read(void* lpBuf, UINT nCount)
+CString AfxFileFullPath(LPCTSTR lpszFileName)
 {
-    if (nCount == 0)
-        return 0;
-    if (lpBuf == nullptr)
-        AfxThrowInvalidArgException();
+    char szFull[MAX_PATH * 4];
+    const DWORD nFull = GetFullPathNameA(lpszFileName, sizeof szFull, szFull, nullptr);
+    return (nFull > 0 && nFull < sizeof szFull) ? szFull : lpszFileName;
+}
+
+LONG AfxFileClose(HANDLE hFile)
+{
+    return CloseHandle(hFile) ? 0 : LastError();
+}
+
+int AfxFileErrorCause(LONG error)
+{
+    return CFileException::OsErrorToException(error);
+}
+
+void AfxFileThrowError(LONG error, LPCTSTR lpszFileName)
+{
+    CFileException::ThrowOsError(error, lpszFileName);
+}
+
+UINT AfxFileRead(HANDLE hFile, void* lpBuf, UINT nCount, LPCTSTR lpszFileName)
+{
     DWORD nRead = 0;
-    if (!ReadFile(m_hFile, lpBuf, nCount, &nRead, nullptr))
-        CFileException::ThrowOsError(LastError(), m_strFileName);
+    if (!ReadFile(hFile, lpBuf, nCount, &nRead, nullptr))
+        CFileException::ThrowOsError(LastError(), lpszFileName);
     return nRead;
 }
 
-void CFile::Write(const void* lpBuf, UINT nCount)
+void AfxFileWrite(HANDLE hFile, const void* lpBuf, UINT nCount, LPCTSTR lpszFileName)
 {
-    if (nCount == 0)
-        return;
-    if (lpBuf == nullptr)
-        AfxThrowInvalidArgException();
     DWORD nWritten = 0;
-    if (!WriteFile(m_hFile, lpBuf, nCount, &nWritten, nullptr))
-        CFileException::ThrowOsError(LastError(), m_strFileName);
+    if (!WriteFile(hFile, lpBuf, nCount, &nWritten, nullptr))
+        CFileException::ThrowOsError(LastError(), lpszFileName);
     if (nWritten != nCount)
-        AfxThrowFileException(CFileException::diskFull, ERROR_DISK_FULL, m_strFileName);
+        AfxThrowFileException(CFileException::diskFull, ERROR_DISK_FULL, lpszFileName);
 }
 
 ULONGLONG CFile::Seek(LONGLONG lOff, UINT nFrom)
@@ -177,27 +172,6 @@ void CFile::Flush()
         return;
     if (!FlushFileBuffers(m_hFile))
         CFileException::ThrowOsError(LastError(), m_strFileName);
-}
-
-void CFile::Close()
-{
-    LONG error = 0;
-    if (m_hFile != hFileNull && !CloseHandle(m_hFile))
-        error = LastError();
-    const CString name = m_strFileName;
-    m_hFile = hFileNull;
-    m_bCloseOnDelete = FALSE;
-    m_strFileName.Empty();
-    CFileException::ThrowOsError(error, name);
-}
-
-void CFile::Abort()
-{
-    if (m_hFile != hFileNull)
-        CloseHandle(m_hFile);
-    m_hFile = hFileNull;
-    m_bCloseOnDelete = FALSE;
-    m_strFileName.Empty();
 }
 
 void PASCAL CFile::Rename(LPCTSTR lpszOldName, LPCTSTR lpszNewName)

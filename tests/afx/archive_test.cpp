@@ -2,6 +2,8 @@
 // trips through small buffers, short input and misuse.
 #include "afx.h"
 
+#include "archive_test_support.h"
+
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -11,6 +13,8 @@
 #include <vector>
 
 namespace {
+
+using archive_test::ArchiveCause;
 
 using Bytes = std::vector<BYTE>;
 
@@ -48,20 +52,6 @@ struct Loader
     CMemFile file;
     std::unique_ptr<CArchive> ar;
 };
-
-// The cause of the CArchiveException that action throws, or -1.
-int ArchiveCause(const std::function<void()>& action)
-{
-    try {
-        action();
-    } catch (CException* e) {
-        CArchiveException* pArchive = DYNAMIC_DOWNCAST(CArchiveException, e);
-        const int cause = pArchive != nullptr ? pArchive->m_cause : -2;
-        e->Delete();
-        return cause;
-    }
-    return -1;
-}
 
 Bytes Concat(std::initializer_list<Bytes> parts)
 {

@@ -1,6 +1,8 @@
 #include "afxtempl.h"
 #include "afxfile.h"
 
+#include "archive_test_support.h"
+
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -15,6 +17,12 @@ struct CColorLike
 };
 
 namespace {
+
+using archive_test::ArchiveCause;
+using archive_test::FileBytes;
+using archive_test::Load;
+using archive_test::Store;
+using archive_test::ThrowsInvalidArg;
 
 // Reads the protected capacity fields.
 template <class T, class A = const T&>
@@ -36,59 +44,6 @@ void Fill(CArray<int>& a, std::initializer_list<int> values)
     a.RemoveAll();
     for (int v : values)
         a.Add(v);
-}
-
-// Whether f throws the framework's invalid-argument exception.
-bool ThrowsInvalidArg(const std::function<void()>& f)
-{
-    try {
-        f();
-    } catch (CException* e) {
-        const bool ok = e->IsKindOf(RUNTIME_CLASS(CInvalidArgException)) != FALSE;
-        e->Delete();
-        return ok;
-    }
-    return false;
-}
-
-// The archive exception's cause, or -1 if f throws none.
-int ArchiveCause(const std::function<void()>& f)
-{
-    try {
-        f();
-    } catch (CException* e) {
-        int cause = -2;
-        if (auto* ae = DYNAMIC_DOWNCAST(CArchiveException, e))
-            cause = ae->m_cause;
-        e->Delete();
-        return cause;
-    }
-    return -1;
-}
-
-std::vector<BYTE> FileBytes(CMemFile& file)
-{
-    std::vector<BYTE> bytes(static_cast<size_t>(file.GetLength()));
-    file.SeekToBegin();
-    if (!bytes.empty())
-        file.Read(bytes.data(), static_cast<UINT>(bytes.size()));
-    file.SeekToBegin();
-    return bytes;
-}
-
-void Store(CMemFile& file, CObject& ob)
-{
-    CArchive ar(&file, CArchive::store);
-    ob.Serialize(ar);
-    ar.Close();
-    file.SeekToBegin();
-}
-
-void Load(CMemFile& file, CObject& ob)
-{
-    CArchive ar(&file, CArchive::load);
-    ob.Serialize(ar);
-    ar.Close();
 }
 
 // Long enough to live on the heap, so a dangling reference shows under ASan.

@@ -1,6 +1,8 @@
 #include "afxcoll.h"
 #include "afxfile.h"
 
+#include "archive_test_support.h"
+
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -10,49 +12,17 @@
 
 namespace {
 
+using archive_test::FileBytes;
+using archive_test::Load;
+using archive_test::Store;
+using archive_test::ThrowsInvalidArg;
+
 std::vector<std::string> Texts(const CStringArray& a)
 {
     std::vector<std::string> v;
     for (INT_PTR i = 0; i < a.GetSize(); ++i)
         v.push_back(static_cast<LPCTSTR>(a[i]));
     return v;
-}
-
-std::vector<BYTE> FileBytes(CMemFile& file)
-{
-    std::vector<BYTE> bytes(static_cast<size_t>(file.GetLength()));
-    file.SeekToBegin();
-    if (!bytes.empty())
-        file.Read(bytes.data(), static_cast<UINT>(bytes.size()));
-    file.SeekToBegin();
-    return bytes;
-}
-
-void Store(CMemFile& file, CObject& ob)
-{
-    CArchive ar(&file, CArchive::store);
-    ob.Serialize(ar);
-    ar.Close();
-    file.SeekToBegin();
-}
-
-void Load(CMemFile& file, CObject& ob)
-{
-    CArchive ar(&file, CArchive::load);
-    ob.Serialize(ar);
-    ar.Close();
-}
-
-bool ThrowsInvalidArg(const std::function<void()>& f)
-{
-    try {
-        f();
-    } catch (CException* e) {
-        const bool ok = e->IsKindOf(RUNTIME_CLASS(CInvalidArgException)) != FALSE;
-        e->Delete();
-        return ok;
-    }
-    return false;
 }
 
 void* Key(INT_PTR i)

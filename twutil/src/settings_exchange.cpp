@@ -12,7 +12,6 @@
 namespace {
 
 const char kDefaultSection[] = "Settings";
-const char kHex[] = "0123456789ABCDEF";
 
 struct TypeName
 {
@@ -86,17 +85,6 @@ std::string_view SectionName(const char* section)
     return section && *section ? std::string_view(section) : std::string_view(kDefaultSection);
 }
 
-int HexDigit(char c)
-{
-    if (c >= '0' && c <= '9')
-        return c - '0';
-    if (c >= 'a' && c <= 'f')
-        return c - 'a' + 10;
-    if (c >= 'A' && c <= 'F')
-        return c - 'A' + 10;
-    return -1;
-}
-
 // ---- value text, shared by both formats ----
 
 void AppendDouble(std::string& out, double d)
@@ -108,7 +96,7 @@ void AppendDouble(std::string& out, double d)
         std::memcpy(&bits, &d, sizeof bits);
         out += "NaN:";
         for (int shift = 60; shift >= 0; shift -= 4)
-            out += kHex[(bits >> shift) & 15];
+            out += kSettingsHexDigits[(bits >> shift) & 15];
         return;
     }
     const auto r = std::to_chars(buf, buf + sizeof buf, d);
@@ -133,8 +121,8 @@ void AppendHexBytes(std::string& out, const nList& rec)
     char* p = &out[at];
     for (DWORD i = 0; i < length; ++i)
     {
-        *p++ = kHex[bytes[i] >> 4];
-        *p++ = kHex[bytes[i] & 15];
+        *p++ = kSettingsHexDigits[bytes[i] >> 4];
+        *p++ = kSettingsHexDigits[bytes[i] & 15];
     }
 }
 
@@ -154,7 +142,7 @@ bool ParseDouble(std::string_view text, double& d)
         unsigned long long bits = 0;
         for (size_t i = 4; i < 20; ++i)
         {
-            const int h = HexDigit(text[i]);
+            const int h = SettingsHexValue(text[i]);
             if (h < 0)
                 return false;
             bits = bits * 16 + unsigned(h);
@@ -230,8 +218,8 @@ public:
             std::memcpy(block, &length, sizeof length);
             for (DWORD i = 0; i < length; ++i)
             {
-                const int hi = HexDigit(text[2 * i]);
-                const int lo = HexDigit(text[2 * i + 1]);
+                const int hi = SettingsHexValue(text[2 * i]);
+                const int lo = SettingsHexValue(text[2 * i + 1]);
                 if (hi < 0 || lo < 0)
                 {
                     std::free(block);
@@ -308,8 +296,8 @@ void AppendIniEscaped(std::string& out, std::string_view text, IniPart part)
         case '\t': out += 't'; break;
         default:
             out += 'x';
-            out += kHex[c >> 4];
-            out += kHex[c & 15];
+            out += kSettingsHexDigits[c >> 4];
+            out += kSettingsHexDigits[c & 15];
         }
     }
 }
@@ -341,8 +329,8 @@ bool IniUnescape(std::string_view text, std::string& out)
         {
             if (slash + 3 >= text.size())
                 return false;
-            const int hi = HexDigit(text[slash + 2]);
-            const int lo = HexDigit(text[slash + 3]);
+            const int hi = SettingsHexValue(text[slash + 2]);
+            const int lo = SettingsHexValue(text[slash + 3]);
             if (hi < 0 || lo < 0 || (hi == 0 && lo == 0))
                 return false;
             out += char(hi * 16 + lo);
@@ -916,7 +904,7 @@ private:
             unsigned long cp = 0;
             for (char c : digits)
             {
-                const int d = hex ? HexDigit(c) : (c >= '0' && c <= '9' ? c - '0' : -1);
+                const int d = hex ? SettingsHexValue(c) : (c >= '0' && c <= '9' ? c - '0' : -1);
                 if (d < 0)
                     return false;
                 cp = cp * (hex ? 16 : 10) + unsigned(d);

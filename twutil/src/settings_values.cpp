@@ -1,23 +1,11 @@
 // Text forms of settings values: hex bytes and truth words.
 #include "settings.h"
+#include "settings_access.h"
 
 #include <cstdlib>
 #include <cstring>
 
 namespace {
-
-const char kHexDigits[] = "0123456789ABCDEF";
-
-int HexValue(char c)
-{
-    if (c >= '0' && c <= '9')
-        return c - '0';
-    if (c >= 'a' && c <= 'f')
-        return c - 'a' + 10;
-    if (c >= 'A' && c <= 'F')
-        return c - 'A' + 10;
-    return -1;
-}
 
 bool IsBlank(char c)
 {
@@ -36,8 +24,8 @@ CString BinaryToStr(const BYTE* bytes, int count)
     char* out = text.GetBuffer(count * 3);
     for (int i = 0; i < count; ++i)
     {
-        out[i * 3] = kHexDigits[bytes[i] >> 4];
-        out[i * 3 + 1] = kHexDigits[bytes[i] & 15];
+        out[i * 3] = kSettingsHexDigits[bytes[i] >> 4];
+        out[i * 3 + 1] = kSettingsHexDigits[bytes[i] & 15];
         out[i * 3 + 2] = ' ';
     }
     text.ReleaseBuffer(count * 3 - 1);
@@ -72,8 +60,8 @@ int StrToBinary(const char* text, unsigned char*& bytes)
             ++i;
         if (i == length)
             break;
-        const int hi = HexValue(text[i]);
-        const int lo = i + 1 < length ? HexValue(text[i + 1]) : -1;
+        const int hi = SettingsHexValue(text[i]);
+        const int lo = i + 1 < length ? SettingsHexValue(text[i + 1]) : -1;
         if (hi < 0 || lo < 0 || count >= 0x7FFFFFFF)
         {
             std::free(out);

@@ -1,6 +1,7 @@
 // The portable string helpers: CSV fields, line breaks, tokens, numbers,
 // trailing characters, links and path variables.
 #include "string_helpers.h"
+#include "string_helpers_os.h"
 
 #include <charconv>
 #include <clocale>
@@ -266,6 +267,18 @@ CString ReplacePathVariables(const CString& path, PATH_VARIABLE_LOOKUP lookup, v
         }
     }
     return result;
+}
+
+BOOL LookupSystemPathVariable(const char* name, CString& value, void* context)
+{
+    const CString key(name);
+    if (key.CompareNoCase("ProgDir") == 0) {
+        value = ProgramDirectory();
+        return !value.IsEmpty();
+    }
+    if (key.CompareNoCase("DocDir") == 0)
+        return ReturnDocDir(value);
+    return ReadEnvironmentVariable(key, value);
 }
 
 CString ReplacePathVariables(CString path)

@@ -2,7 +2,7 @@
 // locale, $HOME and the environment stand in for the Windows calls.
 #ifndef _WIN32
 
-#include "string_helpers.h"
+#include "string_helpers_os.h"
 
 #include <clocale>
 #include <cstdlib>
@@ -10,9 +10,7 @@
 
 #include <unistd.h>
 
-namespace {
-
-// The directory of the running program, from /proc/self/exe.
+// From /proc/self/exe.
 CString ProgramDirectory()
 {
     std::string buffer(4096, '\0');
@@ -25,8 +23,6 @@ CString ProgramDirectory()
         return CString();
     return CString(buffer.data(), int(slash == 0 ? 1 : slash));
 }
-
-}  // namespace
 
 char DecimalOperatorOS()
 {
@@ -49,16 +45,9 @@ BOOL ReturnDocDir(CString& dir)
     return TRUE;
 }
 
-BOOL LookupSystemPathVariable(const char* name, CString& value, void* context)
+BOOL ReadEnvironmentVariable(const char* name, CString& value)
 {
-    const CString key(name);
-    if (key.CompareNoCase("ProgDir") == 0) {
-        value = ProgramDirectory();
-        return !value.IsEmpty();
-    }
-    if (key.CompareNoCase("DocDir") == 0)
-        return ReturnDocDir(value);
-    const char* env = std::getenv(key);
+    const char* env = std::getenv(name);
     if (env == nullptr)
         return FALSE;
     value = env;

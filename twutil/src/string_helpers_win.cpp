@@ -1,14 +1,11 @@
 // The string helpers that ask Windows: decimal separator, documents folder
 // and the values of path variables.
-#include "string_helpers.h"
+#include "string_helpers_os.h"
 
 #include <shlobj.h>
 
 #include <vector>
 
-namespace {
-
-// The directory of the running program, without a trailing backslash.
 CString ProgramDirectory()
 {
     std::vector<char> buffer(MAX_PATH);
@@ -26,8 +23,6 @@ CString ProgramDirectory()
         buffer.resize(buffer.size() * 2);
     }
 }
-
-}  // namespace
 
 char DecimalOperatorOS()
 {
@@ -54,23 +49,16 @@ BOOL ReturnDocDir(CString& dir)
     return TRUE;
 }
 
-BOOL LookupSystemPathVariable(const char* name, CString& value, void* context)
+BOOL ReadEnvironmentVariable(const char* name, CString& value)
 {
-    const CString key(name);
-    if (key.CompareNoCase("ProgDir") == 0) {
-        value = ProgramDirectory();
-        return !value.IsEmpty();
-    }
-    if (key.CompareNoCase("DocDir") == 0)
-        return ReturnDocDir(value);
     SetLastError(ERROR_SUCCESS);
-    const DWORD size = GetEnvironmentVariableA(key, nullptr, 0);
+    const DWORD size = GetEnvironmentVariableA(name, nullptr, 0);
     if (size == 0) {
         value.Empty();
         return GetLastError() != ERROR_ENVVAR_NOT_FOUND;
     }
     std::vector<char> buffer(size);
-    const DWORD n = GetEnvironmentVariableA(key, buffer.data(), size);
+    const DWORD n = GetEnvironmentVariableA(name, buffer.data(), size);
     if (n == 0 || n >= size)
         return FALSE;
     value = CString(buffer.data(), int(n));
