@@ -1,10 +1,22 @@
 # Shared settings of both builds and the helpers the module lists use.
 
-# Flags for every target of ours (not for third-party code).
+include(GNUInstallDirs)
+
+# What a program using our modules must compile and link with as well: the
+# code page of narrow literals, the Windows defines, the one shared runtime.
+# The modules carry it, and it is installed with them (twstddlg::host_flags).
+add_library(tw_host_flags INTERFACE)
+set_target_properties(tw_host_flags PROPERTIES EXPORT_NAME host_flags)
+target_compile_features(tw_host_flags INTERFACE cxx_std_20)
+
+# Flags for every target of ours (not for third-party code); the warnings
+# stay inside this build.
 add_library(tw_flags INTERFACE)
+target_link_libraries(tw_flags INTERFACE tw_host_flags)
 target_compile_options(tw_flags INTERFACE -Wall -Wextra -Wno-unused-parameter)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-  target_compile_options(tw_flags INTERFACE -finput-charset=UTF-8 -fexec-charset=cp1252)
+  target_compile_options(tw_flags INTERFACE -finput-charset=UTF-8)
+  target_compile_options(tw_host_flags INTERFACE -fexec-charset=cp1252)
 else()
   # clang (the fuzzing build) only knows UTF-8 literals; the fuzz targets
   # check robustness and round trips, which do not depend on the code page.
@@ -12,11 +24,11 @@ else()
 endif()
 
 if(TW_WINDOWS)
-  target_compile_definitions(tw_flags INTERFACE
+  target_compile_definitions(tw_host_flags INTERFACE
     _WIN32_WINNT=0x0A00 WINVER=0x0A00 _WIN32_IE=0x0A00
     __USE_MINGW_ANSI_STDIO=1 NOMINMAX STRICT)
   # One shared C++ runtime for all modules: framework exceptions cross DLLs.
-  target_link_options(tw_flags INTERFACE -shared-libgcc)
+  target_link_options(tw_host_flags INTERFACE -shared-libgcc)
   set(CMAKE_RC_FLAGS "${CMAKE_RC_FLAGS} --codepage=65001" CACHE STRING "" FORCE)
 
   # The runtime DLLs beside the binaries, so that Wine and a user find them.
@@ -35,6 +47,7 @@ if(TW_WINDOWS)
     COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/bin
     COMMAND ${CMAKE_COMMAND} -E copy_if_different ${TW_RUNTIME_DLLS} ${CMAKE_BINARY_DIR}/bin/
     COMMENT "Copying the C++ runtime DLLs")
+  install(FILES ${TW_RUNTIME_DLLS} DESTINATION ${CMAKE_INSTALL_BINDIR})
 
   # Every Windows executable runs under Wine through our runner.
   configure_file(${CMAKE_SOURCE_DIR}/tools/winerun.in ${CMAKE_BINARY_DIR}/winerun @ONLY
@@ -53,7 +66,7 @@ else()
     add_compile_options(${TW_SANITIZE_FLAGS})
     add_link_options(${TW_SANITIZE_FLAGS})
   endif()
-  target_compile_definitions(tw_flags INTERFACE AFX_STATIC TWUTIL_STATIC TWSTDDLG_STATIC)
+  target_compile_definitions(tw_host_flags INTERFACE AFX_STATIC TWUTIL_STATIC TWSTDDLG_STATIC)
 endif()
 
 # GoogleTest from the Debian sources, built by each build with its compiler.
@@ -66,29 +79,105 @@ macro(tw_setup_googletest)
   add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
 endmacro()
 
+# The installed package (Windows build): every module's DLL, import library
+# and public headers, exported as twstddlg::<module> in the export set
+# twstddlgTargets (see cmake/TwInstall.cmake).
+if(TW_WINDOWS)
+  install(TARGETS tw_host_flags EXPORT twstddlgTargets)
+endif()
+
 # A module: a DLL in the Windows build, a static library of its portable
 # units in the native build.
 #   tw_add_module(name EXPORT_DEFINE def PORTABLE srcs... WIN srcs... NATIVE srcs...
-#                 DEPENDS libs... WIN_LIBS libs... RC files...)
+#                 DEPENDS libs... WIN_LIBS libs... RC files... INCLUDE dirs...
+#                 HEADERS files...)
+# HEADERS are the public headers to install; each goes below include/ under
+# the path by which the first INCLUDE folder holding it resolves it (so
+# twstddlg/values/color.h becomes include/values/color.h).
 function(tw_add_module name)
-  cmake_parse_arguments(M "" "EXPORT_DEFINE" "PORTABLE;WIN;NATIVE;DEPENDS;WIN_LIBS;RC;INCLUDE" ${ARGN})
+  cmake_parse_arguments(M "" "EXPORT_DEFINE" "PORTABLE;WIN;NATIVE;DEPENDS;WIN_LIBS;RC;INCLUDE;HEADERS" ${ARGN})
+  # Source folders while building; the installed include/ for hosts.
+  set(includes)
+  foreach(dir ${M_INCLUDE})
+    list(APPEND includes $<BUILD_INTERFACE:${dir}>)
+  endforeach()
+  list(APPEND includes $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
   if(TW_WINDOWS)
     add_library(${name} SHARED ${M_PORTABLE} ${M_WIN} ${M_RC})
     set_target_properties(${name} PROPERTIES PREFIX "" IMPORT_PREFIX "lib")
     target_link_libraries(${name} PRIVATE ${M_WIN_LIBS})
     add_dependencies(${name} tw_runtime_dlls)
+    tw_install_module(${name} INCLUDE ${M_INCLUDE} HEADERS ${M_HEADERS})
   elseif(M_PORTABLE OR M_NATIVE)
     add_library(${name} STATIC ${M_PORTABLE} ${M_NATIVE})
   else()
     # No portable units yet: headers only.
     add_library(${name} INTERFACE)
-    target_include_directories(${name} INTERFACE ${M_INCLUDE})
-    target_link_libraries(${name} INTERFACE tw_flags ${M_DEPENDS})
+    target_include_directories(${name} INTERFACE ${includes})
+    target_link_libraries(${name} INTERFACE $<BUILD_INTERFACE:tw_flags> tw_host_flags ${M_DEPENDS})
     return()
   endif()
   target_compile_definitions(${name} PRIVATE ${M_EXPORT_DEFINE})
-  target_include_directories(${name} PUBLIC ${M_INCLUDE})
-  target_link_libraries(${name} PUBLIC tw_flags ${M_DEPENDS})
+  target_include_directories(${name} PUBLIC ${includes})
+  # Hosts get the host flags; our warnings stay in this build.
+  target_link_libraries(${name} PUBLIC $<BUILD_INTERFACE:tw_flags> tw_host_flags ${M_DEPENDS})
+endfunction()
+
+# Install rules of one module DLL (Windows build): the DLL to bin/, its
+# import library to lib/, the public headers below include/.
+function(tw_install_module name)
+  cmake_parse_arguments(I "" "" "INCLUDE;HEADERS" ${ARGN})
+  install(TARGETS ${name} EXPORT twstddlgTargets
+          RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
+          LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+          ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+  foreach(header ${I_HEADERS})
+    get_filename_component(header ${header} ABSOLUTE BASE_DIR ${CMAKE_CURRENT_SOURCE_DIR})
+    set(relative)
+    foreach(dir ${I_INCLUDE})
+      cmake_path(IS_PREFIX dir "${header}" NORMALIZE inside)
+      if(inside)
+        file(RELATIVE_PATH relative ${dir} ${header})
+        break()
+      endif()
+    endforeach()
+    if(NOT relative)
+      message(FATAL_ERROR "${name}: public header ${header} lies in none of its include folders")
+    endif()
+    get_filename_component(subdir ${relative} DIRECTORY)
+    install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${subdir})
+  endforeach()
+endfunction()
+
+# The project's own headers that the header `top` includes, directly or
+# through others ("..." includes resolved beside the including file, then in
+# the folders `dirs`), `top` included; headers of other modules and system
+# headers are not followed. Re-configures when one of them changes.
+function(tw_header_closure out top)
+  set(dirs ${ARGN})
+  get_filename_component(top ${top} ABSOLUTE BASE_DIR ${CMAKE_CURRENT_SOURCE_DIR})
+  set(seen ${top})
+  set(todo ${top})
+  while(todo)
+    list(POP_FRONT todo file)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${file})
+    file(STRINGS ${file} lines REGEX "^[ \t]*#[ \t]*include[ \t]*\"")
+    get_filename_component(here ${file} DIRECTORY)
+    foreach(line ${lines})
+      string(REGEX REPLACE "^[ \t]*#[ \t]*include[ \t]*\"([^\"]+)\".*" "\\1" name "${line}")
+      foreach(dir ${here} ${dirs})
+        if(EXISTS ${dir}/${name})
+          get_filename_component(found ${dir}/${name} ABSOLUTE)
+          if(NOT found IN_LIST seen)
+            list(APPEND seen ${found})
+            list(APPEND todo ${found})
+          endif()
+          break()
+        endif()
+      endforeach()
+    endforeach()
+  endwhile()
+  set(${out} ${seen} PARENT_SCOPE)
 endfunction()
 
 # A GoogleTest executable. Natively each test case is a CTest test; under

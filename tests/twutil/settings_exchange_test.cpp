@@ -503,3 +503,57 @@ TEST(SettingsExchange, LargeStoreRoundTrips)
         EXPECT_EQ(back.getString("Vorher"), "da");
     }
 }
+
+TEST(SettingsExchange, RereadingKeepsRecordsAndTakesEveryValueOfTheFile)
+{
+    for (SettingsFormat format : kFormats)
+    {
+        // Written in another key order than the store's, with texts longer,
+        // shorter and of other types than the store holds.
+        CSettings file;
+        file.setString("Lang", "ein deutlich laengerer Text als vorher");
+        file.setString("kurz", "k");
+        file.setBinary("Text", reinterpret_cast<const BYTE*>("\x01\x02"), 2);
+        file.setInt("Datei", 5);
+        file.setFile("Zahl", "C:\\Bilder\\a.jpg");
+        file.setString("Neu", "neu");
+        const CString text = file.ExportSettingsText(format, "S");
+
+        CSettings s;
+        s.setString("Kurz", "ein langer Text");
+        s.setString("lang", "x");
+        s.setString("Text", "abc");
+        s.setFile("Datei", "C:\\a.txt");
+        s.setInt("Zahl", 7);
+        s.setBool("Bleibt", 1);
+        const nList* kurz = s.hash_lookup("Kurz");
+        ASSERT_EQ(s.ImportSettingsText(format, "S", text, text.GetLength()), 1) << format;
+        EXPECT_EQ(s.hash_lookup("kurz"), kurz) << format;
+        EXPECT_EQ(s.getString("Kurz"), "k") << format;
+        EXPECT_EQ(s.getString("Lang"), "ein deutlich laengerer Text als vorher") << format;
+        int count = 0;
+        const BYTE* bytes = s.getBinary("Text", &count);
+        ASSERT_EQ(count, 2) << format;
+        EXPECT_EQ(bytes[0], 1);
+        EXPECT_EQ(bytes[1], 2);
+        EXPECT_EQ(s.getInt("Datei"), 5) << format;
+        EXPECT_EQ(s.hash_lookup("Datei")->value, &s.hash_lookup("Datei")->scalar) << format;
+        EXPECT_EQ(s.getFile("Zahl"), "C:\\Bilder\\a.jpg") << format;
+        EXPECT_TRUE(s.getBool("Bleibt")) << format;
+        EXPECT_EQ(s.GetAt(s.GetCount() - 1)->key, CString("Neu")) << format;
+
+        // The same file again, then values set over the ones that were read.
+        ASSERT_EQ(s.ImportSettingsText(format, "S", text, text.GetLength()), 1) << format;
+        EXPECT_EQ(s.hash_lookup("Kurz"), kurz) << format;
+        EXPECT_EQ(s.getString("Kurz"), "k") << format;
+        CSettings fresh;
+        ASSERT_EQ(fresh.ImportSettingsText(format, "S", text, text.GetLength()), 1) << format;
+        EXPECT_TRUE(fresh.IsEqual(file)) << format;
+        fresh.setString("Lang", "neu gesetzt");
+        fresh.setBool("Neu", 3);
+        fresh.setBinary("Text", nullptr, 0);
+        EXPECT_EQ(fresh.getString("Lang"), "neu gesetzt") << format;
+        EXPECT_EQ(fresh.getInt("Neu"), 1) << format;
+        EXPECT_EQ(fresh.GetCount(), 6) << format;
+    }
+}

@@ -4,9 +4,9 @@
 
 #include "afxexcept.h"
 
+#include <bit>
 #include <cstdlib>
 #include <cstring>
-#include <deque>
 #include <vector>
 
 static_assert(sizeof(INT_PTR) == 8, "IntPtr records hold 64-bit values");
@@ -54,6 +54,8 @@ unsigned HashKey(const char* key, int length)
 
 bool SameKey(const char* a, const char* b, int length)
 {
+    if (std::memcmp(a, b, size_t(length)) == 0)
+        return true;
     const unsigned char* lower = Fold().lower;
     for (int i = 0; i < length; ++i)
         if (lower[static_cast<unsigned char>(a[i])] != lower[static_cast<unsigned char>(b[i])])
@@ -94,36 +96,144 @@ LONGLONG IntegralValue(const nList* rec)
     return rec->type == SETTINGS_INTPTR ? rec->scalar.p : rec->scalar.i;
 }
 
+// String, File and Binary records leave their scalar unused; it tells whether
+// the value is a block of its own or lives in the store's value blocks (then
+// it is freed with the store).
+constexpr INT_PTR kValueOwnBlock = 0;
+constexpr INT_PTR kValuePooled = 1;
+
+void ReleaseValue(nList& rec)
+{
+    if (OwnsHeapValue(rec.type) && rec.scalar.p == kValueOwnBlock)
+        std::free(rec.value);
+}
+
+// Records in chunks that never move, so record pointers stay valid while the
+// store grows. Chunk k holds 16 << k records.
+class RecordList
+{
+public:
+    RecordList() = default;
+    RecordList(const RecordList&) = delete;
+    RecordList& operator=(const RecordList&) = delete;
+    ~RecordList() { clear(); }
+
+    size_t size() const { return m_size; }
+    bool empty() const { return m_size == 0; }
+
+    nList& operator[](size_t index) const
+    {
+        const size_t n = index + kFirst;
+        const int chunk = int(std::bit_width(n)) - kFirstBits - 1;
+        return m_chunks[size_t(chunk)][n - (kFirst << chunk)];
+    }
+
+    nList& push_back(const nList& rec)
+    {
+        const size_t n = m_size + kFirst;
+        const size_t chunk = size_t(std::bit_width(n)) - kFirstBits - 1;
+        if (chunk == m_chunks.size())
+        {
+            m_chunks.reserve(chunk + 1);
+            m_chunks.push_back(static_cast<nList*>(CheckedMalloc(sizeof(nList) * (kFirst << chunk))));
+        }
+        nList& stored = m_chunks[chunk][n - (kFirst << chunk)];
+        stored = rec;
+        ++m_size;
+        return stored;
+    }
+
+    // Calls f for every record in order.
+    template <typename F>
+    void forEach(F f) const
+    {
+        size_t left = m_size;
+        for (size_t k = 0; left; ++k)
+        {
+            const size_t count = left < (kFirst << k) ? left : kFirst << k;
+            for (size_t i = 0; i < count; ++i)
+                f(m_chunks[k][i]);
+            left -= count;
+        }
+    }
+
+    void clear()
+    {
+        for (nList* chunk : m_chunks)
+            std::free(chunk);
+        m_chunks.clear();
+        m_size = 0;
+    }
+
+private:
+    static constexpr int kFirstBits = 4;
+    static constexpr size_t kFirst = size_t(1) << kFirstBits;
+    std::vector<nList*> m_chunks;
+    size_t m_size = 0;
+};
+
+// Bump allocation in large blocks that are freed all at once.
+class BlockPool
+{
+public:
+    BlockPool() = default;
+    BlockPool(const BlockPool&) = delete;
+    BlockPool& operator=(const BlockPool&) = delete;
+    ~BlockPool() { clear(); }
+
+    char* allocate(size_t need)
+    {
+        if (need > m_left)
+        {
+            const size_t block = need > kBlock / 2 ? need : kBlock;
+            m_blocks.reserve(m_blocks.size() + 1);
+            m_free = static_cast<char*>(CheckedMalloc(block));
+            m_blocks.push_back(m_free);
+            m_left = block;
+        }
+        char* p = m_free;
+        m_free += need;
+        m_left -= need;
+        return p;
+    }
+
+    void clear()
+    {
+        for (char* block : m_blocks)
+            std::free(block);
+        m_blocks.clear();
+        m_free = nullptr;
+        m_left = 0;
+    }
+
+private:
+    static constexpr size_t kBlock = 65536;
+    std::vector<char*> m_blocks;
+    char* m_free = nullptr;
+    size_t m_left = 0;
+};
+
 }  // namespace
 
 struct CSettingsBase::Impl
 {
-    std::deque<nList> records;
-    // Open addressing: record index + 1, 0 for a free slot; size a power of two.
-    std::vector<unsigned> slots;
+    RecordList records;
+    // Open addressing, size a power of two: the key's hash in the upper half
+    // and record index + 1 in the lower half, 0 for a free slot. The hash lets
+    // a probe pass other keys without reading their records.
+    std::vector<unsigned long long> slots;
     // Keys never change, so they live in large blocks freed all at once.
-    std::vector<char*> keyBlocks;
-    char* keyFree = nullptr;
-    size_t keyLeft = 0;
+    BlockPool keys;
+    // Values of records filled by the exchange readers.
+    BlockPool values;
 
     ~Impl() { clear(); }
 
     char* keyCopy(const char* key, int length)
     {
-        const size_t need = size_t(length) + 1;
-        if (need > keyLeft)
-        {
-            const size_t block = need > 32768 ? need : 65536;
-            keyBlocks.reserve(keyBlocks.size() + 1);
-            keyFree = static_cast<char*>(CheckedMalloc(block));
-            keyBlocks.push_back(keyFree);
-            keyLeft = block;
-        }
-        char* copy = keyFree;
+        char* copy = keys.allocate(size_t(length) + 1);
         std::memcpy(copy, key, size_t(length));
         copy[length] = '\0';
-        keyFree += need;
-        keyLeft -= need;
         return copy;
     }
 
@@ -142,34 +252,38 @@ struct CSettingsBase::Impl
 
     void clear()
     {
-        for (nList& rec : records)
-        {
-            if (OwnsHeapValue(rec.type))
-                std::free(rec.value);
-        }
-        for (char* block : keyBlocks)
-            std::free(block);
-        keyBlocks.clear();
-        keyFree = nullptr;
-        keyLeft = 0;
+        records.forEach([](nList& rec) { ReleaseValue(rec); });
         records.clear();
+        keys.clear();
+        values.clear();
         slots.clear();
+    }
+
+    static constexpr size_t kNone = ~size_t(0);
+
+    // The index of the key's record; kNone when there is none.
+    size_t findIndex(const char* key, int length, unsigned hash) const
+    {
+        if (slots.empty())
+            return kNone;
+        const size_t mask = slots.size() - 1;
+        for (size_t i = hash & mask;; i = (i + 1) & mask)
+        {
+            const unsigned long long slot = slots[i];
+            if (!slot)
+                return kNone;
+            if (unsigned(slot >> 32) != hash)
+                continue;
+            const nList& rec = records[unsigned(slot) - 1];
+            if (rec.keyLength == length && SameKey(rec.key, key, length))
+                return unsigned(slot) - 1;
+        }
     }
 
     nList* find(const char* key, int length, unsigned hash) const
     {
-        if (slots.empty())
-            return nullptr;
-        const size_t mask = slots.size() - 1;
-        for (size_t i = hash & mask;; i = (i + 1) & mask)
-        {
-            const unsigned slot = slots[i];
-            if (!slot)
-                return nullptr;
-            const nList& rec = records[slot - 1];
-            if (rec.hash == hash && rec.keyLength == length && SameKey(rec.key, key, length))
-                return const_cast<nList*>(&rec);
-        }
+        const size_t index = findIndex(key, length, hash);
+        return index == kNone ? nullptr : &records[index];
     }
 
     void place(unsigned index)
@@ -178,7 +292,7 @@ struct CSettingsBase::Impl
         size_t i = records[index].hash & mask;
         while (slots[i])
             i = (i + 1) & mask;
-        slots[i] = index + 1;
+        slots[i] = (unsigned long long)records[index].hash << 32 | (index + 1);
     }
 
     void grow() { reserve(records.size() + 1); }
@@ -194,8 +308,7 @@ struct CSettingsBase::Impl
         rec.value = nullptr;
         rec.hash = hash;
         rec.keyLength = length;
-        records.push_back(rec);
-        nList& stored = records.back();
+        nList& stored = records.push_back(rec);
         stored.value = &stored.scalar;
         place(unsigned(records.size() - 1));
         return &stored;
@@ -230,7 +343,7 @@ nList* CSettingsBase::prepare(const char* key, int type, bool numeric)
         AfxThrowInvalidArgException();
     if (OwnsHeapValue(rec->type))
     {
-        std::free(rec->value);
+        ReleaseValue(*rec);
         rec->value = &rec->scalar;
     }
     rec->type = type;
@@ -346,6 +459,7 @@ BOOL StoreText(nList* rec, const char* text)
         std::memcpy(copy, text, length);
     copy[length] = '\0';
     rec->value = copy;
+    rec->scalar.p = kValueOwnBlock;
     return TRUE;
 }
 
@@ -384,6 +498,7 @@ BOOL CSettingsBase::setBinary(const char* key, const BYTE* bytes, int count)
         throw;
     }
     rec->value = block;
+    rec->scalar.p = kValueOwnBlock;
     return TRUE;
 }
 
@@ -402,7 +517,7 @@ nList* CSettingsBase::getVar(listtyp mode, bool withDeleted)
         m_cursor = 0;
     else if (mode != LIST_NEXT)
         return nullptr;
-    std::deque<nList>& records = m_impl->records;
+    const RecordList& records = m_impl->records;
     while (m_cursor < records.size())
     {
         nList& rec = records[m_cursor++];
@@ -458,8 +573,8 @@ size_t ValueSize(const nList& rec)
 
 bool CSettingsBase::IsEqual(const CSettingsBase& other) const
 {
-    const std::deque<nList>& a = m_impl->records;
-    const std::deque<nList>& b = other.m_impl->records;
+    const RecordList& a = m_impl->records;
+    const RecordList& b = other.m_impl->records;
     if (a.size() != b.size())
         return false;
     for (size_t i = 0; i < a.size(); ++i)
@@ -482,25 +597,54 @@ void CSettingsBase::Merge(const CSettingsBase& source)
         return;
     if (m_impl->records.empty() && source.m_impl->records.empty())
         return;
-    for (const nList& from : source.m_impl->records)
-    {
-        nList* rec = m_impl->find(from.key, from.keyLength, from.hash);
-        if (!rec)
-            rec = m_impl->add(from.key, from.keyLength, from.hash);
-        const size_t size = ValueSize(from);
-        void* copy = nullptr;
+    // A file read back usually lists the keys in store order, so the record
+    // after the last one found is tried before the hash index.
+    RecordList& records = m_impl->records;
+    size_t next = 0;
+    source.m_impl->records.forEach([&](const nList& from) {
+        size_t index = Impl::kNone;
+        if (next < records.size())
+        {
+            const nList& guess = records[next];
+            if (guess.hash == from.hash && guess.keyLength == from.keyLength &&
+                SameKey(guess.key, from.key, from.keyLength))
+                index = next;
+        }
+        if (index == Impl::kNone)
+            index = m_impl->findIndex(from.key, from.keyLength, from.hash);
+        if (index == Impl::kNone)
+        {
+            m_impl->add(from.key, from.keyLength, from.hash);
+            index = records.size() - 1;
+        }
+        nList* rec = &records[index];
+        next = index + 1;
         if (OwnsHeapValue(from.type))
         {
-            copy = CheckedMalloc(size);
-            std::memcpy(copy, from.value, size);
+            const size_t size = ValueSize(from);
+            if (OwnsHeapValue(rec->type) && ValueSize(*rec) >= size)
+            {
+                // The record's own buffer holds the new value: no allocation.
+                std::memcpy(rec->value, from.value, size);
+            }
+            else
+            {
+                void* copy = CheckedMalloc(size);
+                std::memcpy(copy, from.value, size);
+                ReleaseValue(*rec);
+                rec->value = copy;
+                rec->scalar.p = kValueOwnBlock;
+            }
         }
-        if (OwnsHeapValue(rec->type))
-            std::free(rec->value);
+        else
+        {
+            ReleaseValue(*rec);
+            rec->scalar = from.scalar;
+            rec->value = &rec->scalar;
+        }
         rec->type = from.type;
         rec->deleted = from.deleted;
-        rec->scalar = from.scalar;
-        rec->value = copy ? copy : &rec->scalar;
-    }
+    });
 }
 
 void SettingsReaderAccess::Reserve(CSettingsBase& store, size_t count)
@@ -516,4 +660,12 @@ nList* SettingsReaderAccess::AddNew(CSettingsBase& store, const char* key, int l
     nList* rec = store.m_impl->add(key, length, hash);
     rec->type = type;
     return rec;
+}
+
+void* SettingsReaderAccess::NewValue(CSettingsBase& store, nList* rec, size_t size)
+{
+    void* space = store.m_impl->values.allocate(size);
+    rec->value = space;
+    rec->scalar.p = kValuePooled;
+    return space;
 }

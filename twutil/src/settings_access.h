@@ -30,4 +30,7 @@ public:
     // A new record of the type with a zero scalar value pointing at its
     // scalar; NULL when the key is already there.
     static nList* AddNew(CSettingsBase& store, const char* key, int length, int type);
+    // Space of size bytes, freed with the store, as the value of rec (a record
+    // of the store that AddNew gave with a String, File or Binary type).
+    static void* NewValue(CSettingsBase& store, nList* rec, size_t size);
 };

@@ -2,10 +2,12 @@
 #include "settings.h"
 #include "settings_access.h"
 
+#include <bit>
 #include <charconv>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -78,6 +80,58 @@ int TypeFromName(std::string_view name)
         if (EqualNoCase(t.name, name))
             return t.type;
     return -1;
+}
+
+// Byte searches a word at a time: the C runtime's memchr is a plain byte loop
+// in some runtimes, and the readers search every line several times.
+constexpr unsigned long long kOnes = 0x0101010101010101ull;
+constexpr unsigned long long kHighs = 0x8080808080808080ull;
+
+unsigned long long LoadWord(const char* p)
+{
+    unsigned long long w;
+    std::memcpy(&w, p, sizeof w);
+    return w;
+}
+
+// The first byte c in [p, end); end when there is none.
+const char* FindByte(const char* p, const char* end, char c)
+{
+    const unsigned long long pattern = kOnes * static_cast<unsigned char>(c);
+    for (; end - p >= 8; p += 8)
+    {
+        const unsigned long long w = LoadWord(p) ^ pattern;
+        // The lowest marked byte is the first match; marks above it may be false.
+        const unsigned long long zero = (w - kOnes) & ~w & kHighs;
+        if (zero)
+            return p + (std::countr_zero(zero) >> 3);
+    }
+    while (p < end && *p != c)
+        ++p;
+    return p;
+}
+
+size_t FindByte(std::string_view text, char c, size_t from = 0)
+{
+    const char* end = text.data() + text.size();
+    const char* at = FindByte(text.data() + from, end, c);
+    return at == end ? std::string_view::npos : size_t(at - text.data());
+}
+
+// How many bytes c [p, end) holds.
+size_t CountByte(const char* p, const char* end, char c)
+{
+    const unsigned long long pattern = kOnes * static_cast<unsigned char>(c);
+    const unsigned long long lows = ~kHighs;
+    size_t count = 0;
+    for (; end - p >= 8; p += 8)
+    {
+        const unsigned long long w = LoadWord(p) ^ pattern;
+        count += size_t(std::popcount(~(((w & lows) + lows) | w | lows)));
+    }
+    for (; p < end; ++p)
+        count += *p == c;
+    return count;
 }
 
 std::string_view SectionName(const char* section)
@@ -163,28 +217,19 @@ class RecordSink
 public:
     explicit RecordSink(CSettingsBase& target) : m_target(target) {}
 
-    bool Add(const std::string& key, int type, bool deleted, std::string_view text)
+    bool Add(std::string_view key, int type, bool deleted, std::string_view text)
     {
-        if (key.empty() || key.size() > 0x7FFFFFF0 || key.find('\0') != std::string::npos)
+        if (key.empty() || key.size() > 0x7FFFFFF0 || FindByte(key, '\0') != std::string_view::npos)
             return false;
-        void* heap = nullptr;
         long long number = 0;
         double real = 0;
         switch (type)
         {
         case SETTINGS_STRING:
         case SETTINGS_FILE:
-        {
-            if (text.find('\0') != std::string_view::npos)
+            if (FindByte(text, '\0') != std::string_view::npos)
                 return false;
-            char* copy = static_cast<char*>(std::malloc(text.size() + 1));
-            if (!copy)
-                return false;
-            std::memcpy(copy, text.data(), text.size());
-            copy[text.size()] = '\0';
-            heap = copy;
             break;
-        }
         case SETTINGS_BOOL:
             if (text == "1" || EqualNoCase(text, "TRUE"))
                 number = 1;
@@ -208,46 +253,40 @@ public:
                 return false;
             break;
         case SETTINGS_BINARY:
-        {
             if (text.size() % 2 || text.size() / 2 > 0x7FFFFFF0)
                 return false;
-            const DWORD length = DWORD(text.size() / 2);
-            BYTE* block = static_cast<BYTE*>(std::malloc(sizeof(DWORD) + length));
-            if (!block)
-                return false;
-            std::memcpy(block, &length, sizeof length);
-            for (DWORD i = 0; i < length; ++i)
-            {
-                const int hi = SettingsHexValue(text[2 * i]);
-                const int lo = SettingsHexValue(text[2 * i + 1]);
-                if (hi < 0 || lo < 0)
-                {
-                    std::free(block);
+            for (char c : text)
+                if (SettingsHexValue(c) < 0)
                     return false;
-                }
-                block[sizeof(DWORD) + i] = BYTE(hi * 16 + lo);
-            }
-            heap = block;
             break;
-        }
         default:
             return false;
         }
         nList* rec = SettingsReaderAccess::AddNew(m_target, key.data(), int(key.size()), type);
         if (!rec)
-        {
-            std::free(heap);
             return false;
+        rec->deleted = deleted ? 1 : 0;
+        if (type == SETTINGS_STRING || type == SETTINGS_FILE)
+        {
+            char* copy = static_cast<char*>(SettingsReaderAccess::NewValue(m_target, rec, text.size() + 1));
+            std::memcpy(copy, text.data(), text.size());
+            copy[text.size()] = '\0';
         }
-        if (heap)
-            rec->value = heap;
+        else if (type == SETTINGS_BINARY)
+        {
+            const DWORD length = DWORD(text.size() / 2);
+            BYTE* block = static_cast<BYTE*>(SettingsReaderAccess::NewValue(m_target, rec, sizeof(DWORD) + length));
+            std::memcpy(block, &length, sizeof length);
+            for (DWORD i = 0; i < length; ++i)
+                block[sizeof(DWORD) + i] =
+                    BYTE(SettingsHexValue(text[2 * i]) * 16 + SettingsHexValue(text[2 * i + 1]));
+        }
         else if (type == SETTINGS_DOUBLE)
             rec->scalar.d = real;
         else if (type == SETTINGS_INTPTR)
             rec->scalar.p = INT_PTR(number);
         else
             rec->scalar.i = int(number);
-        rec->deleted = deleted ? 1 : 0;
         return true;
     }
 
@@ -259,7 +298,7 @@ bool HasNulOrBom(const char* data, size_t length)
 {
     if (length >= 3 && std::memcmp(data, "\xEF\xBB\xBF", 3) == 0)
         return true;
-    return std::memchr(data, '\0', length) != nullptr;
+    return FindByte(data, data + length, '\0') != data + length;
 }
 
 // ---- INI ----
@@ -302,13 +341,21 @@ void AppendIniEscaped(std::string& out, std::string_view text, IniPart part)
     }
 }
 
-bool IniUnescape(std::string_view text, std::string& out)
+// The unescaped text in result: the text itself when it holds no escape,
+// else scratch.
+bool IniUnescape(std::string_view text, std::string& scratch, std::string_view& result)
 {
+    if (FindByte(text, '\\') == std::string_view::npos)
+    {
+        result = text;
+        return true;
+    }
+    std::string& out = scratch;
     out.clear();
     size_t i = 0;
     while (i < text.size())
     {
-        const size_t slash = text.find('\\', i);
+        const size_t slash = FindByte(text, '\\', i);
         if (slash == std::string_view::npos)
         {
             out.append(text.data() + i, text.size() - i);
@@ -341,6 +388,7 @@ bool IniUnescape(std::string_view text, std::string& out)
             return false;
         }
     }
+    result = out;
     return true;
 }
 
@@ -381,17 +429,19 @@ bool ParseIni(const char* data, size_t length, std::string_view section, CSettin
     if (HasNulOrBom(data, length))
         return false;
     RecordSink sink(target);
-    std::string key;
-    std::string value;
+    std::string keyScratch;
+    std::string valueScratch;
+    std::string_view key;
+    std::string_view value;
     bool sawSection = false;
     bool inSection = false;
     bool found = false;
     size_t pos = 0;
     while (pos < length)
     {
-        const char* eol = static_cast<const char*>(std::memchr(data + pos, '\n', length - pos));
+        const char* eol = FindByte(data + pos, data + length, '\n');
         // A last line without a line end is a file cut off in the middle.
-        if (!eol)
+        if (eol == data + length)
             return false;
         std::string_view line(data + pos, size_t(eol - (data + pos)));
         pos = size_t(eol - data) + 1;
@@ -402,7 +452,8 @@ bool ParseIni(const char* data, size_t length, std::string_view section, CSettin
             continue;
         if (line[0] == '[')
         {
-            if (line.size() < 2 || line.back() != ']' || !IniUnescape(line.substr(1, line.size() - 2), key))
+            if (line.size() < 2 || line.back() != ']' ||
+                !IniUnescape(line.substr(1, line.size() - 2), keyScratch, key))
                 return false;
             sawSection = true;
             inSection = EqualNoCase(key, section);
@@ -413,16 +464,16 @@ bool ParseIni(const char* data, size_t length, std::string_view section, CSettin
             return false;
         if (!inSection)
             continue;
-        const size_t eq = line.find('=');
-        if (eq == std::string_view::npos || !IniUnescape(TrimBlanks(line.substr(0, eq)), key))
+        const size_t eq = FindByte(line, '=');
+        if (eq == std::string_view::npos || !IniUnescape(TrimBlanks(line.substr(0, eq)), keyScratch, key))
             return false;
         std::string_view rest = TrimBlanks(line.substr(eq + 1));
-        const size_t colon = rest.find(':');
+        const size_t colon = FindByte(rest, ':');
         if (colon == std::string_view::npos)
             return false;
         std::string_view typeText = rest.substr(0, colon);
         bool deleted = false;
-        const size_t comma = typeText.find(',');
+        const size_t comma = FindByte(typeText, ',');
         if (comma != std::string_view::npos)
         {
             if (!EqualNoCase(TrimBlanks(typeText.substr(comma + 1)), "deleted"))
@@ -431,7 +482,7 @@ bool ParseIni(const char* data, size_t length, std::string_view section, CSettin
             typeText = typeText.substr(0, comma);
         }
         const int type = TypeFromName(TrimBlanks(typeText));
-        if (type < 0 || !IniUnescape(TrimBlanks(rest.substr(colon + 1)), value))
+        if (type < 0 || !IniUnescape(TrimBlanks(rest.substr(colon + 1)), valueScratch, value))
             return false;
         if (!sink.Add(key, type, deleted, value))
             return false;
@@ -880,8 +931,9 @@ private:
     bool Reference(std::string& out)
     {
         ++m_p;  // '&'
-        const char* semi = static_cast<const char*>(std::memchr(m_p, ';', size_t(m_end - m_p)));
-        if (!semi || semi - m_p > 12)
+        const char* limit = m_end - m_p > 13 ? m_p + 13 : m_end;
+        const char* semi = FindByte(m_p, limit, ';');
+        if (semi == limit || semi - m_p > 12)
             return false;
         const std::string_view ref(m_p, size_t(semi - m_p));
         m_p = semi + 1;
@@ -944,7 +996,8 @@ void WriteText(const CSettingsBase& store, SettingsFormat format, const char* se
         WriteIni(store, SectionName(section), out);
 }
 
-bool ReadFile(const char* path, std::string& data)
+// The file's bytes in a buffer that is not cleared first.
+bool ReadFile(const char* path, std::unique_ptr<char[]>& data, size_t& length)
 {
     FILE* f = std::fopen(path, "rb");
     if (!f)
@@ -954,8 +1007,9 @@ bool ReadFile(const char* path, std::string& data)
     ok = ok && size >= 0 && size < 0x7FFFFFFF && std::fseek(f, 0, SEEK_SET) == 0;
     if (ok)
     {
-        data.resize(size_t(size));
-        ok = std::fread(data.data(), 1, data.size(), f) == data.size();
+        length = size_t(size);
+        data.reset(new char[length ? length : 1]);
+        ok = std::fread(data.get(), 1, length, f) == length;
     }
     std::fclose(f);
     return ok;
@@ -991,9 +1045,7 @@ BOOL ParseSettingsText(SettingsFormat format, const char* section, const char* d
     if (!data)
         data = "";
     // Writers put one record on a line; a record takes at least 8 bytes.
-    size_t lines = 0;
-    for (const char* p = data; (p = static_cast<const char*>(std::memchr(p, '\n', size_t(data + length - p))));)
-        ++lines, ++p;
+    const size_t lines = CountByte(data, data + length, '\n');
     SettingsReaderAccess::Reserve(target, lines < length / 8 ? lines : length / 8);
     if (format == SETTINGS_FORMAT_XML)
         return !HasNulOrBom(data, length) && XmlReader(data, length).Parse(SectionName(section), target);
@@ -1039,7 +1091,9 @@ int CSettings::ExchangeSettings(int direction, const char* section, const char* 
         WriteText(*this, format, section, text);
         return WriteFile(path, text) ? 1 : 0;
     }
-    if (direction != 1 || !ReadFile(path, text) || text.size() > 0x7FFFFFFE)
+    std::unique_ptr<char[]> data;
+    size_t length = 0;
+    if (direction != 1 || !ReadFile(path, data, length) || length > 0x7FFFFFFE)
         return 0;
-    return ImportSettingsText(format, section, text.data(), int(text.size()));
+    return ImportSettingsText(format, section, data.get(), int(length));
 }

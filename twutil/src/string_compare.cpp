@@ -71,14 +71,14 @@ bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 // One element of a text: a letter (one base letter of a byte) or a number.
 struct Element
 {
-    bool number;
-    unsigned weight;
+    bool number = false;
+    unsigned weight = 0;
     // Letter: the byte it came from (case-folded with the flag) and its
     // place in the expansion. Number: its digits.
-    unsigned source;
-    const char* digits;
-    size_t runLength;
-    size_t significant;
+    unsigned source = 0;
+    const char* digits = nullptr;
+    size_t runLength = 0;
+    size_t significant = 0;
 };
 
 // Reads a text element by element.
