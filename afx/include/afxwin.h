@@ -5,5 +5,6 @@
 #include "afx.h"
 #include "afxmsg.h"
 #include "afxgdi.h"
+#include "afxmenu.h"
 #include "afxwnd.h"
 #include "afxapp.h"

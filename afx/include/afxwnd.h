@@ -24,6 +24,7 @@
 #include "afx.h"
 #include "afxmsg.h"
 #include "afxgdi.h"
+#include "afxmenu.h"
 
 class CWnd;
 class CMenu;
@@ -225,6 +226,12 @@ public:
     void CenterWindow(CWnd* pAlternateOwner = NULL);
     void BringWindowToTop();
 
+    // Menu bar and system menu (temporary objects unless permanent).
+    BOOL SetMenu(CMenu* pMenu);
+    CMenu* GetMenu() const;
+    CMenu* GetSystemMenu(BOOL bRevert) const;
+    void DrawMenuBar();
+
     // Painting.
     void Invalidate(BOOL bErase = TRUE);
     void InvalidateRect(LPCRECT lpRect, BOOL bErase = TRUE);
@@ -346,6 +353,9 @@ public:
     afx_msg void OnDeleteItem(int nIDCtl, LPDELETEITEMSTRUCT lpDeleteItemStruct);
     afx_msg LRESULT OnMenuChar(UINT nChar, UINT nFlags, CMenu* pMenu);
     afx_msg void OnInitMenu(CMenu* pMenu);
+    // Passes on, then lets this window's ON_UPDATE_COMMAND_UI handlers set
+    // the state of the pop-up's items (not of a system menu); items without
+    // a handler keep their state.
     afx_msg void OnInitMenuPopup(CMenu* pPopupMenu, UINT nIndex, BOOL bSysMenu);
     afx_msg void OnMenuSelect(UINT nItemID, UINT nFlags, HMENU hSysMenu);
     afx_msg void OnEnterMenuLoop(BOOL bIsTrackPopupMenu);
@@ -419,7 +429,7 @@ AFX_API void AfxLockTempMaps();
 // bDeleteTemps is set. TRUE if they were deleted.
 AFX_API BOOL AfxUnlockTempMaps(BOOL bDeleteTemps = TRUE);
 // Diagnostics: how many temporary objects (windows, device contexts, GDI
-// objects) the calling thread holds.
+// objects, menus, image lists) the calling thread holds.
 AFX_API INT_PTR AfxGetTempObjectCount();
 
 // ---- Dialogs ----
@@ -651,4 +661,138 @@ public:
     void Cut();
     void Paste();
     BOOL Undo();
+};
+
+// A scroll bar control.
+class AFX_API CScrollBar : public CWnd
+{
+    DECLARE_DYNAMIC(CScrollBar)
+
+public:
+    CScrollBar();
+    BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
+
+    int GetScrollPos() const;
+    int SetScrollPos(int nPos, BOOL bRedraw = TRUE);
+    void GetScrollRange(LPINT lpMinPos, LPINT lpMaxPos) const;
+    void SetScrollRange(int nMinPos, int nMaxPos, BOOL bRedraw = TRUE);
+    void ShowScrollBar(BOOL bShow = TRUE);
+    BOOL EnableScrollBar(UINT nArrowFlags = ESB_ENABLE_BOTH);
+    BOOL SetScrollInfo(LPSCROLLINFO lpScrollInfo, BOOL bRedraw = TRUE);
+    BOOL GetScrollInfo(LPSCROLLINFO lpScrollInfo, UINT nMask = SIF_ALL);
+    int GetScrollLimit();
+};
+
+// A list box. Indexes are 0-based; LB_ERR (-1) reports a failure.
+class AFX_API CListBox : public CWnd
+{
+    DECLARE_DYNAMIC(CListBox)
+
+public:
+    CListBox();
+    BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
+
+    int GetCount() const;
+    int GetTopIndex() const;
+    int SetTopIndex(int nIndex);
+    DWORD_PTR GetItemData(int nIndex) const;
+    int SetItemData(int nIndex, DWORD_PTR dwItemData);
+    void* GetItemDataPtr(int nIndex) const;
+    int SetItemDataPtr(int nIndex, void* pData);
+    int GetItemRect(int nIndex, LPRECT lpRect) const;
+    int GetItemHeight(int nIndex) const;
+    int SetItemHeight(int nIndex, UINT cyItemHeight);
+    int GetText(int nIndex, LPTSTR lpszBuffer) const;
+    void GetText(int nIndex, CString& rString) const;
+    int GetTextLen(int nIndex) const;
+    void SetHorizontalExtent(int cxExtent);
+
+    // Single selection.
+    int GetCurSel() const;
+    int SetCurSel(int nSelect);
+    // Multiple selection.
+    int GetSel(int nIndex) const;
+    int SetSel(int nIndex, BOOL bSelect = TRUE);
+    int GetSelCount() const;
+    // Fills rgIndex with up to nMaxItems selected indexes; returns how many.
+    int GetSelItems(int nMaxItems, LPINT rgIndex) const;
+    int GetCaretIndex() const;
+    int SetCaretIndex(int nIndex, BOOL bScroll = TRUE);
+    int SelItemRange(BOOL bSelect, int nFirstItem, int nLastItem);
+
+    int AddString(LPCTSTR lpszItem);
+    int InsertString(int nIndex, LPCTSTR lpszItem);
+    // Returns the number of items left.
+    int DeleteString(UINT nIndex);
+    void ResetContent();
+    // Searches after nStartAfter (-1: from the start) for an item that
+    // begins with (FindString) or equals (FindStringExact) the text,
+    // ignoring case.
+    int FindString(int nStartAfter, LPCTSTR lpszItem) const;
+    int FindStringExact(int nIndexStart, LPCTSTR lpszFind) const;
+    int SelectString(int nStartAfter, LPCTSTR lpszItem);
+    int ItemFromPoint(CPoint pt, BOOL& bOutside) const;
+
+    virtual void DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct);
+    virtual void MeasureItem(LPMEASUREITEMSTRUCT lpMeasureItemStruct);
+    virtual int CompareItem(LPCOMPAREITEMSTRUCT lpCompareItemStruct);
+    virtual void DeleteItem(LPDELETEITEMSTRUCT lpDeleteItemStruct);
+
+protected:
+    BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
+};
+
+// A combo box. Indexes are 0-based; CB_ERR (-1) reports a failure.
+class AFX_API CComboBox : public CWnd
+{
+    DECLARE_DYNAMIC(CComboBox)
+
+public:
+    CComboBox();
+    BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
+
+    int GetCount() const;
+    int GetCurSel() const;
+    int SetCurSel(int nSelect);
+    DWORD GetEditSel() const;
+    BOOL LimitText(int nMaxChars);
+    BOOL SetEditSel(int nStartChar, int nEndChar);
+    DWORD_PTR GetItemData(int nIndex) const;
+    int SetItemData(int nIndex, DWORD_PTR dwItemData);
+    void* GetItemDataPtr(int nIndex) const;
+    int SetItemDataPtr(int nIndex, void* pData);
+    int GetLBText(int nIndex, LPTSTR lpszText) const;
+    void GetLBText(int nIndex, CString& rString) const;
+    int GetLBTextLen(int nIndex) const;
+    int SetItemHeight(int nIndex, UINT cyItemHeight);
+    int GetItemHeight(int nIndex) const;
+    int SetDroppedWidth(UINT nWidth);
+    int GetDroppedWidth() const;
+    void ShowDropDown(BOOL bShowIt = TRUE);
+    BOOL GetDroppedState() const;
+    void GetDroppedControlRect(LPRECT lprect) const;
+    int GetTopIndex() const;
+    int SetTopIndex(int nIndex);
+
+    int AddString(LPCTSTR lpszString);
+    int InsertString(int nIndex, LPCTSTR lpszString);
+    // Returns the number of items left.
+    int DeleteString(UINT nIndex);
+    void ResetContent();
+    int FindString(int nStartAfter, LPCTSTR lpszString) const;
+    int FindStringExact(int nIndexStart, LPCTSTR lpszFind) const;
+    int SelectString(int nStartAfter, LPCTSTR lpszString);
+
+    void Clear();
+    void Copy();
+    void Cut();
+    void Paste();
+
+    virtual void DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct);
+    virtual void MeasureItem(LPMEASUREITEMSTRUCT lpMeasureItemStruct);
+    virtual int CompareItem(LPCOMPAREITEMSTRUCT lpCompareItemStruct);
+    virtual void DeleteItem(LPDELETEITEMSTRUCT lpDeleteItemStruct);
+
+protected:
+    BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
 };

@@ -85,11 +85,14 @@ CCmdUI::CCmdUI()
 {
 }
 
-// Menu items are updated by the menu classes, which replace these for
-// m_pMenu; here only the control in m_pOther changes.
+// With m_pMenu the item at m_nIndex changes (pop-up items, m_pSubMenu, are
+// left alone); else the control in m_pOther.
 void CCmdUI::Enable(BOOL bOn)
 {
-    if (m_pOther != nullptr && m_pOther->m_hWnd != nullptr) {
+    if (m_pMenu != nullptr) {
+        if (m_pSubMenu == nullptr)
+            m_pMenu->EnableMenuItem(m_nIndex, MF_BYPOSITION | (bOn ? MF_ENABLED : MF_DISABLED | MF_GRAYED));
+    } else if (m_pOther != nullptr && m_pOther->m_hWnd != nullptr) {
         const HWND hWnd = m_pOther->m_hWnd;
         // Disabling the focused control first moves the focus on.
         if (!bOn && ::GetFocus() == hWnd) {
@@ -104,20 +107,40 @@ void CCmdUI::Enable(BOOL bOn)
 
 void CCmdUI::SetCheck(int nCheck)
 {
-    if (m_pOther != nullptr && m_pOther->m_hWnd != nullptr &&
-        (::SendMessageA(m_pOther->m_hWnd, WM_GETDLGCODE, 0, 0) & DLGC_BUTTON))
+    if (m_pMenu != nullptr) {
+        if (m_pSubMenu == nullptr)
+            m_pMenu->CheckMenuItem(m_nIndex, MF_BYPOSITION | (nCheck != 0 ? MF_CHECKED : MF_UNCHECKED));
+    } else if (m_pOther != nullptr && m_pOther->m_hWnd != nullptr &&
+               (::SendMessageA(m_pOther->m_hWnd, WM_GETDLGCODE, 0, 0) & DLGC_BUTTON)) {
         ::SendMessageA(m_pOther->m_hWnd, BM_SETCHECK, static_cast<WPARAM>(nCheck), 0);
+    }
 }
 
 void CCmdUI::SetRadio(BOOL bOn)
 {
+    if (m_pMenu != nullptr && m_pSubMenu == nullptr) {
+        MENUITEMINFOA info = {};
+        info.cbSize = sizeof(info);
+        info.fMask = MIIM_FTYPE;
+        if (m_pMenu->GetMenuItemInfo(m_nIndex, &info, TRUE)) {
+            info.fType |= MFT_RADIOCHECK;
+            m_pMenu->SetMenuItemInfo(m_nIndex, &info, TRUE);
+        }
+    }
     SetCheck(bOn ? 1 : 0);
 }
 
 void CCmdUI::SetText(LPCTSTR lpszText)
 {
-    if (m_pOther != nullptr && m_pOther->m_hWnd != nullptr)
+    if (m_pMenu != nullptr) {
+        if (m_pSubMenu == nullptr) {
+            // The item keeps its check and enable state.
+            const UINT keep = m_pMenu->GetMenuState(m_nIndex, MF_BYPOSITION) & (MF_CHECKED | MF_DISABLED | MF_GRAYED);
+            m_pMenu->ModifyMenu(m_nIndex, MF_BYPOSITION | MF_STRING | keep, m_nID, lpszText);
+        }
+    } else if (m_pOther != nullptr && m_pOther->m_hWnd != nullptr) {
         m_pOther->SetWindowText(lpszText);
+    }
 }
 
 void CCmdUI::ContinueRouting()

@@ -181,6 +181,8 @@ void AfxDeleteTempMap()
         delete entry.second;
     }
     AfxDeleteGdiTempMaps(state);
+    AfxDeleteMenuTempMap(state);
+    AfxDeleteImageListTempMap(state);
 }
 
 void AfxLockTempMaps()
@@ -202,7 +204,8 @@ INT_PTR AfxGetTempObjectCount()
 {
     const AfxWndThreadState& state = AfxGetWndThreadState();
     return static_cast<INT_PTR>(state.windows.temporary.size() + state.dcs.temporary.size() +
-                                state.gdiObjects.temporary.size());
+                                state.gdiObjects.temporary.size() + state.menus.temporary.size() +
+                                state.imageLists.temporary.size());
 }
 
 BOOL CWnd::Attach(HWND hWndNew)
@@ -304,6 +307,7 @@ BEGIN_MESSAGE_MAP(CWnd, CCmdTarget)
     ON_WM_MEASUREITEM()
     ON_WM_COMPAREITEM()
     ON_WM_DELETEITEM()
+    ON_WM_INITMENUPOPUP()
     ON_WM_PARENTNOTIFY()
 END_MESSAGE_MAP()
 
@@ -1404,14 +1408,25 @@ HBRUSH CWnd::OnCtlColor(CDC*, CWnd* pWnd, UINT)
 
 void CWnd::OnDrawItem(int, LPDRAWITEMSTRUCT lpDrawItemStruct)
 {
-    if (lpDrawItemStruct->CtlType != ODT_MENU && ReflectLastMsg(lpDrawItemStruct->hwndItem))
+    if (lpDrawItemStruct->CtlType == ODT_MENU) {
+        if (CMenu* pMenu = CMenu::FromHandlePermanent(reinterpret_cast<HMENU>(lpDrawItemStruct->hwndItem))) {
+            pMenu->DrawItem(lpDrawItemStruct);
+            return;
+        }
+    } else if (ReflectLastMsg(lpDrawItemStruct->hwndItem)) {
         return;
+    }
     Default();
 }
 
 void CWnd::OnMeasureItem(int, LPMEASUREITEMSTRUCT lpMeasureItemStruct)
 {
-    if (lpMeasureItemStruct->CtlType != ODT_MENU) {
+    if (lpMeasureItemStruct->CtlType == ODT_MENU) {
+        if (CMenu* pMenu = AfxFindPermanentMenuOfItem(lpMeasureItemStruct->itemID)) {
+            pMenu->MeasureItem(lpMeasureItemStruct);
+            return;
+        }
+    } else {
         CWnd* pChild = GetDescendantWindow(static_cast<int>(lpMeasureItemStruct->CtlID), TRUE);
         if (pChild != nullptr && pChild->SendChildNotifyLastMsg())
             return;
@@ -1436,7 +1451,6 @@ void CWnd::OnDeleteItem(int, LPDELETEITEMSTRUCT lpDeleteItemStruct)
 
 LRESULT CWnd::OnMenuChar(UINT, UINT, CMenu*) { return Default(); }
 void CWnd::OnInitMenu(CMenu*) { Default(); }
-void CWnd::OnInitMenuPopup(CMenu*, UINT, BOOL) { Default(); }
 void CWnd::OnMenuSelect(UINT, UINT, HMENU) { Default(); }
 void CWnd::OnEnterMenuLoop(BOOL) { Default(); }
 void CWnd::OnExitMenuLoop(BOOL) { Default(); }

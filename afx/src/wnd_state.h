@@ -7,6 +7,9 @@
 
 #include <unordered_map>
 
+class CImageList;
+struct _IMAGELIST;
+
 // One handle map: permanent objects (owned by the caller) and temporary ones
 // (owned by the map).
 template <class Handle, class Object>
@@ -32,6 +35,8 @@ struct AfxWndThreadState
     AfxHandleMap<HWND, CWnd> windows;
     AfxHandleMap<HDC, CDC> dcs;
     AfxHandleMap<HGDIOBJ, CGdiObject> gdiObjects;
+    AfxHandleMap<HMENU, CMenu> menus;
+    AfxHandleMap<_IMAGELIST*, CImageList> imageLists;
     int nTempMapLock = 0;
 
     // Creation hook.
@@ -58,3 +63,11 @@ void AfxHookWindowCreateOfClass(CWnd* pWnd, LPCSTR lpszClass);
 
 // Deletes the calling thread's temporary GDI and device context objects.
 void AfxDeleteGdiTempMaps(AfxWndThreadState& state);
+// Deletes the calling thread's temporary menu objects.
+void AfxDeleteMenuTempMap(AfxWndThreadState& state);
+// Deletes the calling thread's temporary image list objects.
+void AfxDeleteImageListTempMap(AfxWndThreadState& state);
+
+// The permanent menu object whose own items (not its pop-ups') include
+// command nID, or NULL.
+CMenu* AfxFindPermanentMenuOfItem(UINT nID);
