@@ -35,16 +35,14 @@ double Now()
 }
 
 // The best time of runs calls; setup runs before each call, untimed.
-double Best(int runs, const std::function<bool()>& timed,
-            const std::function<void()>& setup = [] {})
+double Best(
+    int runs, const std::function<bool()>& timed, const std::function<void()>& setup = [] {})
 {
     double best = 1e30;
-    for (int i = 0; i < runs; ++i)
-    {
+    for (int i = 0; i < runs; ++i) {
         setup();
         const double start = Now();
-        if (!timed())
-        {
+        if (!timed()) {
             std::printf("  run failed\n");
             return -1;
         }
@@ -67,18 +65,22 @@ void Fill(CSettings& s)
 {
     char key[64];
     char text[64];
-    for (int i = 0; i < kKeys; ++i)
-    {
+    for (int i = 0; i < kKeys; ++i) {
         std::snprintf(key, sizeof key, "Gruppe%03d.Eintrag%06d", i % 500, i);
-        switch (i % 5)
-        {
-        case 0: s.setInt(key, i * 7919); break;
-        case 1: s.setDouble(key, i / 7.0); break;
+        switch (i % 5) {
+        case 0:
+            s.setInt(key, i * 7919);
+            break;
+        case 1:
+            s.setDouble(key, i / 7.0);
+            break;
         case 2:
             std::snprintf(text, sizeof text, "Größe %d & Farbe <grün>", i);
             s.setString(key, text);
             break;
-        case 3: s.setBool(key, i & 8); break;
+        case 3:
+            s.setBool(key, i & 8);
+            break;
         default:
             std::snprintf(text, sizeof text, "C:\\Bilder\\Urlaub\\IMG_%05d.JPG", i);
             s.setFile(key, text);
@@ -126,8 +128,7 @@ int main()
     const double profileRead = Best(
         3,
         [&] {
-            sectionChars = GetPrivateProfileSectionA(kSection, section.data(), DWORD(section.size()),
-                                                     copyPath.c_str());
+            sectionChars = GetPrivateProfileSectionA(kSection, section.data(), DWORD(section.size()), copyPath.c_str());
             return sectionChars > 0;
         },
         [&] {
@@ -162,15 +163,13 @@ int main()
     const char* domName = "DOMDocument60";
     HRESULT hr = CoCreateInstance(kDomDocument60, nullptr, CLSCTX_INPROC_SERVER, kIXMLDOMDocument,
                                   reinterpret_cast<void**>(&doc));
-    if (FAILED(hr))
-    {
+    if (FAILED(hr)) {
         domName = "DOMDocument";
         hr = CoCreateInstance(kDomDocument, nullptr, CLSCTX_INPROC_SERVER, kIXMLDOMDocument,
                               reinterpret_cast<void**>(&doc));
     }
     double domLoad = -1;
-    if (SUCCEEDED(hr))
-    {
+    if (SUCCEEDED(hr)) {
         doc->Release();
         doc = nullptr;
         std::wstring wide(xml.begin(), xml.end());
@@ -190,14 +189,13 @@ int main()
                 if (doc)
                     doc->Release();
                 doc = nullptr;
-                CoCreateInstance(domName[11] == '6' ? kDomDocument60 : kDomDocument, nullptr,
-                                 CLSCTX_INPROC_SERVER, kIXMLDOMDocument, reinterpret_cast<void**>(&doc));
+                CoCreateInstance(domName[11] == '6' ? kDomDocument60 : kDomDocument, nullptr, CLSCTX_INPROC_SERVER,
+                                 kIXMLDOMDocument, reinterpret_cast<void**>(&doc));
                 doc->put_async(VARIANT_FALSE);
             });
         if (doc)
             doc->Release();
-    }
-    else
+    } else
         std::printf("  MSXML is not available (0x%08lX)\n", (unsigned long)hr);
     CoUninitialize();
 
@@ -205,13 +203,12 @@ int main()
     Report("CSettings write", xmlWrite, xmlBytes);
     Report("CSettings read into an empty store", xmlRead, xmlBytes);
     Report("CSettings read into a full store", xmlMerge, xmlBytes);
-    if (domLoad > 0)
-    {
+    if (domLoad > 0) {
         char what[64];
         std::snprintf(what, sizeof what, "MSXML %s load", domName);
         Report(what, domLoad, xmlBytes);
-        std::printf("  ratio read/MSXML load: %.1fx (empty store), %.1fx (full store)\n",
-                    domLoad / xmlRead, domLoad / xmlMerge);
+        std::printf("  ratio read/MSXML load: %.1fx (empty store), %.1fx (full store)\n", domLoad / xmlRead,
+                    domLoad / xmlMerge);
     }
 
     DeleteFileA(ini.c_str());

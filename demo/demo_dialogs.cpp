@@ -31,14 +31,22 @@ constexpr MessageBoxSample kMessageBoxSamples[] = {
 const char* answerName(INT_PTR answer)
 {
     switch (answer) {
-    case IDOK: return "Ok / Ja";
-    case IDCANCEL: return "Abbrechen";
-    case IDYES: return "Ja";
-    case IDNO: return "Nein";
-    case CMessageBox::kYesToAll: return "Ja, alle";
-    case CAskSomething::kYesToAll: return "Ja, alle";
-    case CAskSomething::kNoToAll: return "Nein, keine";
-    default: return "?";
+    case IDOK:
+        return "Ok / Ja";
+    case IDCANCEL:
+        return "Abbrechen";
+    case IDYES:
+        return "Ja";
+    case IDNO:
+        return "Nein";
+    case CMessageBox::kYesToAll:
+        return "Ja, alle";
+    case CAskSomething::kYesToAll:
+        return "Ja, alle";
+    case CAskSomething::kNoToAll:
+        return "Nein, keine";
+    default:
+        return "?";
     }
 }
 
@@ -65,8 +73,7 @@ void forgetSilence(const MessageBoxSample& sample)
 
 DemoEntry messageBoxEntry(const MessageBoxSample& sample)
 {
-    return {"&Dialoge", sample.label,
-            [&sample](CWnd* parent) { showAnswer(parent, showMessageBox(sample, parent)); },
+    return {"&Dialoge", sample.label, [&sample](CWnd* parent) { showAnswer(parent, showMessageBox(sample, parent)); },
             [&sample](DemoTour& tour, CWnd* parent) {
                 forgetSilence(sample);
                 tour.ShotModal(sample.shotName, [&] { showMessageBox(sample, parent); });

@@ -29,9 +29,9 @@ int ReadLevel(DWORD* raw)
     char data[8] = {};
     DWORD size = 4;
     DWORD type = 0;
-    const bool ok = RegQueryValueExA(key, "DebugLevel", nullptr, &type, reinterpret_cast<BYTE*>(data), &size) ==
-                        ERROR_SUCCESS &&
-                    type == REG_DWORD;
+    const bool ok =
+        RegQueryValueExA(key, "DebugLevel", nullptr, &type, reinterpret_cast<BYTE*>(data), &size) == ERROR_SUCCESS &&
+        type == REG_DWORD;
     RegCloseKey(key);
     if (!ok)
         return 0;
@@ -72,9 +72,8 @@ CString VersionLines()
         lines.Format("Versionsressource von twstddlg.dll:\r\n"
                      "    Dateiversion %u.%u.%u.%u, Produktversion \"%s\"\r\n"
                      "    %s, %s\r\n",
-                     HIWORD(version.dwFileVersionMS), LOWORD(version.dwFileVersionMS),
-                     HIWORD(version.dwFileVersionLS), LOWORD(version.dwFileVersionLS),
-                     static_cast<const char*>(version.GetValue("ProductVersion")),
+                     HIWORD(version.dwFileVersionMS), LOWORD(version.dwFileVersionMS), HIWORD(version.dwFileVersionLS),
+                     LOWORD(version.dwFileVersionLS), static_cast<const char*>(version.GetValue("ProductVersion")),
                      static_cast<const char*>(version.GetValue("FileDescription")),
                      static_cast<const char*>(version.GetValue("LegalCopyright")));
     } else {
@@ -83,10 +82,8 @@ CString VersionLines()
     DLLVERSIONINFO info = {};
     info.cbSize = sizeof info;
     DllGetVersion(info);
-    lines.AppendFormat("DllGetVersion der Bibliothek: %lu.%lu.%lu\r\n",
-                       static_cast<unsigned long>(info.dwMajorVersion),
-                       static_cast<unsigned long>(info.dwMinorVersion),
-                       static_cast<unsigned long>(info.dwBuildNumber));
+    lines.AppendFormat("DllGetVersion der Bibliothek: %lu.%lu.%lu\r\n", static_cast<unsigned long>(info.dwMajorVersion),
+                       static_cast<unsigned long>(info.dwMinorVersion), static_cast<unsigned long>(info.dwBuildNumber));
     lines.AppendFormat("comctl32.dll beim Laden: CFixMFCToolBar::iVerComCtl32 = %d", CFixMFCToolBar::iVerComCtl32);
     return lines;
 }
@@ -107,18 +104,17 @@ public:
         CTwSystemError reporter;
         m_versions.Create(VersionLines(), WS_CHILD | WS_VISIBLE, CRect(12, 10, 620, 90), this);
         m_level.Create("", WS_CHILD | WS_VISIBLE, CRect(12, 100, 620, 120), this, kLevelText);
-        m_logBit.Create("Bit 0 (1): Meldungen in die Protokolldatei schreiben",
-                        WS_CHILD | WS_VISIBLE | BS_AUTOCHECKBOX, CRect(12, 124, 620, 144), this, kLogBit);
+        m_logBit.Create("Bit 0 (1): Meldungen in die Protokolldatei schreiben", WS_CHILD | WS_VISIBLE | BS_AUTOCHECKBOX,
+                        CRect(12, 124, 620, 144), this, kLogBit);
         m_notesBit.Create("Bit 1 (2): auch Hinweise (Codes mit Rest 50 bis 99) anzeigen",
                           WS_CHILD | WS_VISIBLE | BS_AUTOCHECKBOX, CRect(12, 146, 620, 166), this, kNotesBit);
         m_error.Create("&Fehler 1019 melden", WS_CHILD | WS_VISIBLE | BS_PUSHBUTTON, CRect(12, 176, 200, 202), this,
                        kRaiseError);
-        m_note.Create("&Hinweis 1050 melden", WS_CHILD | WS_VISIBLE | BS_PUSHBUTTON, CRect(210, 176, 398, 202),
-                      this, kRaiseNote);
-        m_show.Create("&Protokoll neu lesen", WS_CHILD | WS_VISIBLE | BS_PUSHBUTTON, CRect(408, 176, 620, 202),
-                      this, kShowLog);
-        m_logLabel.Create("Protokolldatei " + LogPath() + ":", WS_CHILD | WS_VISIBLE, CRect(12, 212, 620, 230),
-                          this);
+        m_note.Create("&Hinweis 1050 melden", WS_CHILD | WS_VISIBLE | BS_PUSHBUTTON, CRect(210, 176, 398, 202), this,
+                      kRaiseNote);
+        m_show.Create("&Protokoll neu lesen", WS_CHILD | WS_VISIBLE | BS_PUSHBUTTON, CRect(408, 176, 620, 202), this,
+                      kShowLog);
+        m_logLabel.Create("Protokolldatei " + LogPath() + ":", WS_CHILD | WS_VISIBLE, CRect(12, 212, 620, 230), this);
         m_log.Create(WS_CHILD | WS_VISIBLE | WS_BORDER | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL,
                      CRect(12, 232, 620, 480), this, kLogText);
         SendMessageToDescendants(WM_SETFONT, reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT)), FALSE);
@@ -202,8 +198,7 @@ CFrameDemoWnd* showFrame(CWnd* parent)
     return wnd;
 }
 
-DemoRegistrar frame{{"&Rahmen", "&Version und Fehlermeldungen",
-                     [](CWnd* parent) { showFrame(parent); },
+DemoRegistrar frame{{"&Rahmen", "&Version und Fehlermeldungen", [](CWnd* parent) { showFrame(parent); },
                      [](DemoTour& tour, CWnd* parent) {
                          CFrameDemoWnd* wnd = showFrame(parent);
                          if (wnd == nullptr)

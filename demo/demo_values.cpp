@@ -9,12 +9,11 @@ namespace {
 
 // A sample annotation list in the library's text form, deliberately
 // unsorted and with one caption twice: the second one is refused.
-const char kSampleTags[] =
-    "R12,40,80,60,14,110,\"Zugspitze\",\"https://www.zugspitze.de\";"
-    "E200,120,60,30,200,160,\"Alpsee, Ufer\";"
-    "P90,30,40,20,90,60,\"Burg\";"
-    "V150,70,40,20,150,100,\"Eibsee\",170,90,160,110;"
-    "T300,40,0,0,300,40,\"Burg\";";
+const char kSampleTags[] = "R12,40,80,60,14,110,\"Zugspitze\",\"https://www.zugspitze.de\";"
+                           "E200,120,60,30,200,160,\"Alpsee, Ufer\";"
+                           "P90,30,40,20,90,60,\"Burg\";"
+                           "V150,70,40,20,150,100,\"Eibsee\",170,90,160,110;"
+                           "T300,40,0,0,300,40,\"Burg\";";
 
 // A window that lists what the value types make of their inputs.
 class CValuesWnd : public CWnd
@@ -24,8 +23,8 @@ public:
     {
         LPCTSTR cls = AfxRegisterWndClass(CS_HREDRAW | CS_VREDRAW, LoadCursor(nullptr, IDC_ARROW),
                                           reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1));
-        if (!CreateEx(0, cls, "Farben und Bildmarkierungen", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 120, 90,
-                      720, 560, owner ? owner->GetSafeHwnd() : nullptr, nullptr))
+        if (!CreateEx(0, cls, "Farben und Bildmarkierungen", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 120, 90, 720, 560,
+                      owner ? owner->GetSafeHwnd() : nullptr, nullptr))
             return FALSE;
         m_tags.BuildArray(kSampleTags);
         return TRUE;
@@ -91,8 +90,7 @@ CValuesWnd* showValues(CWnd* parent)
     return wnd;
 }
 
-DemoRegistrar values{{"&Werte", "&Farben und Bildmarkierungen",
-                      [](CWnd* parent) { showValues(parent); },
+DemoRegistrar values{{"&Werte", "&Farben und Bildmarkierungen", [](CWnd* parent) { showValues(parent); },
                       [](DemoTour& tour, CWnd* parent) {
                           // The refusal of the doubled caption is a message
                           // box; the tour answers it through the seam.

@@ -13,7 +13,11 @@ template <class T>
 struct ComPtr
 {
     T* p = nullptr;
-    ~ComPtr() { if (p) p->Release(); }
+    ~ComPtr()
+    {
+        if (p)
+            p->Release();
+    }
     T** operator&() { return &p; }
     T* operator->() const { return p; }
 };
@@ -29,8 +33,7 @@ bool captureWindow(HWND wnd, int& width, int& height, std::vector<BYTE>& rows, U
     if (width <= 0 || height <= 0)
         return false;
 
-    RedrawWindow(wnd, nullptr, nullptr,
-                 RDW_INVALIDATE | RDW_FRAME | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+    RedrawWindow(wnd, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
 
     BITMAPINFO bi = {};
     bi.bmiHeader.biSize = sizeof(bi.bmiHeader);
@@ -53,8 +56,10 @@ bool captureWindow(HWND wnd, int& width, int& height, std::vector<BYTE>& rows, U
         rows.assign(static_cast<const BYTE*>(bits),
                     static_cast<const BYTE*>(bits) + static_cast<size_t>(stride) * height);
     }
-    if (dib) DeleteObject(dib);
-    if (memDc) DeleteDC(memDc);
+    if (dib)
+        DeleteObject(dib);
+    if (memDc)
+        DeleteDC(memDc);
     ReleaseDC(wnd, windowDc);
     return ok;
 }
@@ -99,16 +104,14 @@ bool SnapshotWindowToPng(HWND wnd, const char* path)
         ComPtr<IWICBitmapEncoder> encoder;
         ComPtr<IWICBitmapFrameEncode> frame;
         WICPixelFormatGUID format = GUID_WICPixelFormat24bppBGR;
-        ok = SUCCEEDED(CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
-                                        IID_IWICImagingFactory, reinterpret_cast<void**>(&factory))) &&
+        ok = SUCCEEDED(CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER, IID_IWICImagingFactory,
+                                        reinterpret_cast<void**>(&factory))) &&
              SUCCEEDED(factory->CreateStream(&stream)) &&
              SUCCEEDED(stream->InitializeFromFilename(widen(path).c_str(), GENERIC_WRITE)) &&
              SUCCEEDED(factory->CreateEncoder(GUID_ContainerFormatPng, nullptr, &encoder)) &&
              SUCCEEDED(encoder->Initialize(stream.p, WICBitmapEncoderNoCache)) &&
-             SUCCEEDED(encoder->CreateNewFrame(&frame, nullptr)) &&
-             SUCCEEDED(frame->Initialize(nullptr)) &&
-             SUCCEEDED(frame->SetSize(width, height)) &&
-             SUCCEEDED(frame->SetPixelFormat(&format)) &&
+             SUCCEEDED(encoder->CreateNewFrame(&frame, nullptr)) && SUCCEEDED(frame->Initialize(nullptr)) &&
+             SUCCEEDED(frame->SetSize(width, height)) && SUCCEEDED(frame->SetPixelFormat(&format)) &&
              IsEqualGUID(format, GUID_WICPixelFormat24bppBGR) &&
              SUCCEEDED(frame->WritePixels(height, stride, static_cast<UINT>(rows.size()), rows.data())) &&
              SUCCEEDED(frame->Commit()) && SUCCEEDED(encoder->Commit());

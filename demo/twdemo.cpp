@@ -36,9 +36,9 @@ class CDemoMainWnd : public CWnd
 public:
     BOOL CreateMain()
     {
-        LPCTSTR cls = AfxRegisterWndClass(CS_HREDRAW | CS_VREDRAW, LoadCursor(nullptr, IDC_ARROW),
-                                          reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1),
-                                          LoadIcon(nullptr, IDI_APPLICATION));
+        LPCTSTR cls =
+            AfxRegisterWndClass(CS_HREDRAW | CS_VREDRAW, LoadCursor(nullptr, IDC_ARROW),
+                                reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1), LoadIcon(nullptr, IDI_APPLICATION));
         const CString caption = "twstddlg-Demo – Version " + libraryVersion();
         return CreateEx(0, cls, caption, WS_OVERLAPPEDWINDOW, 80, 60, 760, 420, nullptr, buildMenu());
     }
@@ -103,10 +103,10 @@ void CDemoMainWnd::OnPaint()
     FillRect(dc, &band, bandBrush);
     DeleteObject(bandBrush);
 
-    HFONT title = CreateFontA(-28, 0, 0, 0, FW_BOLD, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0, 0,
-                              CLEARTYPE_QUALITY, 0, "Tahoma");
-    HFONT body = CreateFontA(-16, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0, 0,
-                             CLEARTYPE_QUALITY, 0, "Tahoma");
+    HFONT title =
+        CreateFontA(-28, 0, 0, 0, FW_BOLD, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0, 0, CLEARTYPE_QUALITY, 0, "Tahoma");
+    HFONT body = CreateFontA(-16, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0, 0, CLEARTYPE_QUALITY, 0,
+                             "Tahoma");
     HGDIOBJ oldFont = SelectObject(dc, title);
     SetBkMode(dc, TRANSPARENT);
     SetTextColor(dc, RGB(255, 255, 255));
@@ -117,9 +117,8 @@ void CDemoMainWnd::OnPaint()
     SelectObject(dc, body);
     SetTextColor(dc, GetSysColor(COLOR_WINDOWTEXT));
     RECT text = {16, 72, rc.right - 16, rc.bottom - 16};
-    const char* lines =
-        "Standarddialoge, Steuerelemente und Wertetypen für die Programme von Tesselwerk.\n\n"
-        "Die Menüs oben öffnen jeden Dialog und jedes Steuerelement der Bibliothek.";
+    const char* lines = "Standarddialoge, Steuerelemente und Wertetypen für die Programme von Tesselwerk.\n\n"
+                        "Die Menüs oben öffnen jeden Dialog und jedes Steuerelement der Bibliothek.";
     DrawTextA(dc, lines, -1, &text, DT_WORDBREAK);
     SelectObject(dc, oldFont);
     DeleteObject(title);

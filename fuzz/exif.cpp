@@ -36,9 +36,8 @@ bool SameInfo(const tag_ExifInfo& a, const tag_ExifInfo& b)
     return a.IsExif == b.IsExif && a.CameraMake == b.CameraMake && a.CameraModel == b.CameraModel &&
            a.DateTime == b.DateTime && a.UserComment == b.UserComment && a.Orientation == b.Orientation &&
            a.Width == b.Width && a.Height == b.Height && SameNumber(a.ExposureTime, b.ExposureTime) &&
-           SameNumber(a.FNumber, b.FNumber) && a.ISOequivalent == b.ISOequivalent &&
-           a.Flash == b.Flash && SameNumber(a.GpsLatitude, b.GpsLatitude) &&
-           SameNumber(a.GpsAltitude, b.GpsAltitude);
+           SameNumber(a.FNumber, b.FNumber) && a.ISOequivalent == b.ISOequivalent && a.Flash == b.Flash &&
+           SameNumber(a.GpsLatitude, b.GpsLatitude) && SameNumber(a.GpsAltitude, b.GpsAltitude);
 }
 
 }  // namespace
@@ -52,18 +51,16 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     tag_ExifInfo first, second;
     std::vector<std::string> tags1, tags2;
     Cexif a(&first), b(&second);
-    const bool r1 = whole ? a.DecodeExif(data, size, Collect, &tags1)
-                          : a.DecodeExifBlock(data, size, Collect, &tags1);
-    const bool r2 = whole ? b.DecodeExif(data, size, Collect, &tags2)
-                          : b.DecodeExifBlock(data, size, Collect, &tags2);
+    const bool r1 = whole ? a.DecodeExif(data, size, Collect, &tags1) : a.DecodeExifBlock(data, size, Collect, &tags1);
+    const bool r2 = whole ? b.DecodeExif(data, size, Collect, &tags2) : b.DecodeExifBlock(data, size, Collect, &tags2);
     Check(r1 == r2 && r1 == bool(first.IsExif));
     Check(tags1 == tags2);
     Check(SameInfo(first, second));
     Check(r1 || tags1.empty());
     Check(first.Orientation >= 0 && first.Orientation <= 8);
-    for (const CString* s : {&first.CameraMake, &first.CameraModel, &first.Software, &first.Artist,
-                             &first.Copyright, &first.ImageDescription, &first.UserComment,
-                             &first.LensModel, &first.DateTime, &first.DateTimeModified})
+    for (const CString* s :
+         {&first.CameraMake, &first.CameraModel, &first.Software, &first.Artist, &first.Copyright,
+          &first.ImageDescription, &first.UserComment, &first.LensModel, &first.DateTime, &first.DateTimeModified})
         CheckText(*s);
     return 0;
 }

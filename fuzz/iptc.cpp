@@ -22,8 +22,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     Check(r1 == r2);
     Check(r1 == (a.GetCount() > 0 ? 1 : 0));
     Check(a.GetCount() == b.GetCount() && a.IsUtf8() == b.IsUtf8());
-    for (INT_PTR i = 0; i < a.GetCount(); ++i)
-    {
+    for (INT_PTR i = 0; i < a.GetCount(); ++i) {
         const CIPTCEntry& e = a.GetAt(i);
         Check(e.record == 1 || e.record == 2);
         Check(e.record == b.GetAt(i).record && e.dataset == b.GetAt(i).dataset);

@@ -21,8 +21,7 @@ inline void CheckSettingsRoundTrip(SettingsFormat format, const uint8_t* data, s
         return;
     const CString written = store.ExportSettingsText(format, "S");
     CSettings again;
-    Check(again.ImportSettingsText(format, "S", written, written.GetLength()) &&
-          again.IsEqual(store));
+    Check(again.ImportSettingsText(format, "S", written, written.GetLength()) && again.IsEqual(store));
     const CString rewritten = again.ExportSettingsText(format, "S");
     Check(rewritten == written);
 }

@@ -51,7 +51,12 @@ class COleObjectFactory;
     AFX_MSG_ENTRY(message_, AFX_THUNK_V(memberFxn, (WPARAM, LPARAM), (wParam, lParam), 0))
 // As ON_THREAD_MESSAGE for a message number from RegisterWindowMessage.
 #define ON_REGISTERED_THREAD_MESSAGE(nMessageVariable, memberFxn) \
-    {0xC000, 0, 0, 0, AfxSig_registered, &(nMessageVariable), \
+    {0xC000, \
+     0, \
+     0, \
+     0, \
+     AfxSig_registered, \
+     &(nMessageVariable), \
      AFX_THUNK_V(memberFxn, (WPARAM, LPARAM), (wParam, lParam), 0)},
 #endif
 

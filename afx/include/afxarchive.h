@@ -39,7 +39,12 @@
 class AFX_API CArchive
 {
 public:
-    enum Mode { store = 0, load = 1, bNoFlushOnDelete = 2 };
+    enum Mode
+    {
+        store = 0,
+        load = 1,
+        bNoFlushOnDelete = 2
+    };
 
     // An archive on pFile, which must stay open while the archive lives.
     // nBufSize bytes of lpBuf serve as the buffer if lpBuf is given; else the

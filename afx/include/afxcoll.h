@@ -81,10 +81,7 @@ public:
 
     INT_PTR Add(LPCTSTR newElement) { return CArray::Add(CString(newElement)); }
     void SetAt(INT_PTR nIndex, LPCTSTR newElement) { CArray::SetAt(nIndex, CString(newElement)); }
-    void SetAtGrow(INT_PTR nIndex, LPCTSTR newElement)
-    {
-        CArray::SetAtGrow(nIndex, CString(newElement));
-    }
+    void SetAtGrow(INT_PTR nIndex, LPCTSTR newElement) { CArray::SetAtGrow(nIndex, CString(newElement)); }
     void InsertAt(INT_PTR nIndex, LPCTSTR newElement, INT_PTR nCount = 1)
     {
         CArray::InsertAt(nIndex, CString(newElement), nCount);
@@ -164,23 +161,18 @@ public:
     }
 
     // Where an iteration starts: NULL for an empty map.
-    POSITION GetStartPosition() const noexcept
-    {
-        return m_nCount == 0 ? NULL : BEFORE_START_POSITION;
-    }
+    POSITION GetStartPosition() const noexcept { return m_nCount == 0 ? NULL : BEFORE_START_POSITION; }
     // Reads the pair at rNextPosition and moves it on; NULL after the last.
     void GetNextAssoc(POSITION& rNextPosition, KEY& rKey, VALUE& rValue) const
     {
         if (rNextPosition == NULL || m_pHashTable == NULL)
             AfxThrowInvalidArgException();
-        const CAssoc* pAssoc = rNextPosition == BEFORE_START_POSITION
-                                   ? firstFrom(0)
-                                   : reinterpret_cast<const CAssoc*>(rNextPosition);
+        const CAssoc* pAssoc =
+            rNextPosition == BEFORE_START_POSITION ? firstFrom(0) : reinterpret_cast<const CAssoc*>(rNextPosition);
         if (pAssoc == NULL)
             AfxThrowInvalidArgException();
-        const CAssoc* pNext = pAssoc->pNext != NULL
-                                  ? pAssoc->pNext
-                                  : firstFrom(pAssoc->nHashValue % m_nHashTableSize + 1);
+        const CAssoc* pNext =
+            pAssoc->pNext != NULL ? pAssoc->pNext : firstFrom(pAssoc->nHashValue % m_nHashTableSize + 1);
         rNextPosition = reinterpret_cast<POSITION>(const_cast<CAssoc*>(pNext));
         rKey = pAssoc->key;
         rValue = pAssoc->value;
@@ -222,8 +214,7 @@ protected:
 
     explicit MapBase(INT_PTR nBlockSize) noexcept
         : m_pHashTable(NULL), m_nHashTableSize(17), m_nCount(0), m_nBlockSize(nBlockSize)
-    {
-    }
+    {}
     ~MapBase() override { RemoveAll(); }
 
     CAssoc** m_pHashTable;
@@ -236,8 +227,7 @@ protected:
     {
         if (m_pHashTable == NULL)
             return NULL;
-        for (CAssoc* pAssoc = m_pHashTable[nHash % m_nHashTableSize]; pAssoc != NULL;
-             pAssoc = pAssoc->pNext) {
+        for (CAssoc* pAssoc = m_pHashTable[nHash % m_nHashTableSize]; pAssoc != NULL; pAssoc = pAssoc->pNext) {
             if (pAssoc->nHashValue == nHash && pAssoc->key == key)
                 return pAssoc;
         }
@@ -265,8 +255,7 @@ private:
 }  // namespace afx_detail
 
 // A hash map from untyped pointers to untyped pointers, owning neither.
-class AFX_API CMapPtrToPtr
-    : public afx_detail::MapBase<CMapPtrToPtr, void*, void*, void*, void*>
+class AFX_API CMapPtrToPtr : public afx_detail::MapBase<CMapPtrToPtr, void*, void*, void*, void*>
 {
     DECLARE_DYNAMIC(CMapPtrToPtr)
 
@@ -282,8 +271,7 @@ public:
 };
 
 // A hash map from texts (compared case-sensitively) to untyped pointers.
-class AFX_API CMapStringToPtr
-    : public afx_detail::MapBase<CMapStringToPtr, CString, LPCTSTR, void*, void*>
+class AFX_API CMapStringToPtr : public afx_detail::MapBase<CMapStringToPtr, CString, LPCTSTR, void*, void*>
 {
     DECLARE_DYNAMIC(CMapStringToPtr)
 
@@ -295,8 +283,7 @@ public:
 };
 
 // A hash map from texts (compared case-sensitively) to texts.
-class AFX_API CMapStringToString
-    : public afx_detail::MapBase<CMapStringToString, CString, LPCTSTR, CString, LPCTSTR>
+class AFX_API CMapStringToString : public afx_detail::MapBase<CMapStringToString, CString, LPCTSTR, CString, LPCTSTR>
 {
     DECLARE_SERIAL(CMapStringToString)
 

@@ -29,8 +29,7 @@ public:
 
     // Copies the message (truncated, NUL-terminated) into lpszError; FALSE
     // if the exception has no message. Sets *pnHelpContext to 0 if given.
-    virtual BOOL GetErrorMessage(LPTSTR lpszError, UINT nMaxError,
-                                 PUINT pnHelpContext = NULL) const;
+    virtual BOOL GetErrorMessage(LPTSTR lpszError, UINT nMaxError, PUINT pnHelpContext = NULL) const;
 
 #ifdef _WIN32
     // Shows the message in a message box (MessageBoxA, owned by the active
@@ -51,8 +50,7 @@ public:
     CSimpleException();
     explicit CSimpleException(BOOL bAutoDelete);
 
-    BOOL GetErrorMessage(LPTSTR lpszError, UINT nMaxError,
-                         PUINT pnHelpContext = NULL) const override;
+    BOOL GetErrorMessage(LPTSTR lpszError, UINT nMaxError, PUINT pnHelpContext = NULL) const override;
 
 protected:
     CSimpleException(BOOL bAutoDelete, LPCTSTR lpszMessage);
@@ -120,11 +118,9 @@ public:
         badSchema,
     };
 
-    explicit CArchiveException(int cause = CArchiveException::none,
-                               LPCTSTR lpszArchiveName = NULL);
+    explicit CArchiveException(int cause = CArchiveException::none, LPCTSTR lpszArchiveName = NULL);
 
-    BOOL GetErrorMessage(LPTSTR lpszError, UINT nMaxError,
-                         PUINT pnHelpContext = NULL) const override;
+    BOOL GetErrorMessage(LPTSTR lpszError, UINT nMaxError, PUINT pnHelpContext = NULL) const override;
 
     int m_cause;
     CString m_strFileName;
@@ -155,14 +151,12 @@ public:
         endOfFile,
     };
 
-    explicit CFileException(int cause = CFileException::none, LONG lOsError = -1,
-                            LPCTSTR lpszArchiveName = NULL);
+    explicit CFileException(int cause = CFileException::none, LONG lOsError = -1, LPCTSTR lpszArchiveName = NULL);
 
     // Clears the exception for reuse as an Open error receiver.
     void Clear();
 
-    BOOL GetErrorMessage(LPTSTR lpszError, UINT nMaxError,
-                         PUINT pnHelpContext = NULL) const override;
+    BOOL GetErrorMessage(LPTSTR lpszError, UINT nMaxError, PUINT pnHelpContext = NULL) const override;
 
     // The cause for a Win32 error code (GetLastError); genericException for
     // codes without a closer cause.
@@ -187,5 +181,4 @@ public:
 [[noreturn]] AFX_API void AfxThrowInvalidArgException();
 [[noreturn]] AFX_API void AfxThrowUserException();
 [[noreturn]] AFX_API void AfxThrowArchiveException(int cause, LPCTSTR lpszArchiveName = NULL);
-[[noreturn]] AFX_API void AfxThrowFileException(int cause, LONG lOsError = -1,
-                                                LPCTSTR lpszFileName = NULL);
+[[noreturn]] AFX_API void AfxThrowFileException(int cause, LONG lOsError = -1, LPCTSTR lpszFileName = NULL);

@@ -47,7 +47,12 @@ public:
         osSequentialScan = 0x80000,
     };
 
-    enum SeekPosition { begin = 0x0, current = 0x1, end = 0x2 };
+    enum SeekPosition
+    {
+        begin = 0x0,
+        current = 0x1,
+        end = 0x2
+    };
 
     // The value of m_hFile while no file is open.
     static const HANDLE hFileNull;

@@ -63,8 +63,7 @@ public:
     CPen();
     // These constructors throw CNotSupportedException when creation fails.
     CPen(int nPenStyle, int nWidth, COLORREF crColor);
-    CPen(int nPenStyle, int nWidth, const LOGBRUSH* pLogBrush, int nStyleCount = 0,
-         const DWORD* lpStyle = NULL);
+    CPen(int nPenStyle, int nWidth, const LOGBRUSH* pLogBrush, int nStyleCount = 0, const DWORD* lpStyle = NULL);
 
     static CPen* PASCAL FromHandle(HPEN hPen);
     operator HPEN() const { return static_cast<HPEN>(m_hObject); }

@@ -85,7 +85,7 @@ struct AFX_MSGMAP_ENTRY
 // A class's message map and the way to its base class's map.
 struct AFX_MSGMAP
 {
-    const AFX_MSGMAP* (PASCAL* pfnGetBaseMap)();
+    const AFX_MSGMAP*(PASCAL* pfnGetBaseMap)();
     const AFX_MSGMAP_ENTRY* lpEntries;
 };
 
@@ -113,8 +113,7 @@ struct AFX_CTLCOLOR
 
 // The first entry of lpEntry for message nMsg, code nCode and an id range
 // that holds nID; NULL if there is none.
-AFX_API const AFX_MSGMAP_ENTRY* AfxFindMessageEntry(const AFX_MSGMAP_ENTRY* lpEntry, UINT nMsg,
-                                                    UINT nCode, UINT nID);
+AFX_API const AFX_MSGMAP_ENTRY* AfxFindMessageEntry(const AFX_MSGMAP_ENTRY* lpEntry, UINT nMsg, UINT nCode, UINT nID);
 
 // A handler's return value as the message's result.
 template <class R>
@@ -137,7 +136,10 @@ protected: \
     virtual const AFX_MSGMAP* GetMessageMap() const;
 
 #define BEGIN_MESSAGE_MAP(theClass, baseClass) \
-    const AFX_MSGMAP* theClass::GetMessageMap() const { return GetThisMessageMap(); } \
+    const AFX_MSGMAP* theClass::GetMessageMap() const \
+    { \
+        return GetThisMessageMap(); \
+    } \
     const AFX_MSGMAP* PASCAL theClass::GetThisMessageMap() \
     { \
         typedef theClass ThisClass; \
@@ -145,17 +147,19 @@ protected: \
         static const AFX_MSGMAP_ENTRY _messageEntries[] = {
 
 #define END_MESSAGE_MAP() \
-            {0, 0, 0, 0, AfxSig_end, nullptr, nullptr} \
-        }; \
-        static const AFX_MSGMAP messageMap = {&TheBaseClass::GetThisMessageMap, &_messageEntries[0]}; \
-        return &messageMap; \
+    { \
+        0, 0, 0, 0, AfxSig_end, nullptr, nullptr \
+    } \
+    } \
+    ; \
+    static const AFX_MSGMAP messageMap = {&TheBaseClass::GetThisMessageMap, &_messageEntries[0]}; \
+    return &messageMap; \
     }
 
 // Thunk bodies. PARAMS is the parenthesised parameter list of the handler
 // type, ARGS the parenthesised arguments built from wParam, lParam, message,
 // nID, nCode and pExtra.
-#define AFX_THUNK_BEGIN \
-    [](CCmdTarget* pTarget_, AFX_MSGCALL& call_) -> BOOL { \
+#define AFX_THUNK_BEGIN [](CCmdTarget* pTarget_, AFX_MSGCALL& call_) -> BOOL { \
         [[maybe_unused]] ThisClass* const pThis_ = static_cast<ThisClass*>(pTarget_); \
         [[maybe_unused]] const UINT message = call_.message; \
         [[maybe_unused]] const WPARAM wParam = call_.wParam; \
@@ -166,25 +170,25 @@ protected: \
 // Calls a void handler; the message's result is lResultValue.
 #define AFX_THUNK_V(memberFxn, PARAMS, ARGS, lResultValue) \
     AFX_THUNK_BEGIN \
-        void (ThisClass::*pmf_) PARAMS = &ThisClass::memberFxn; \
-        (pThis_->*pmf_) ARGS; \
-        call_.lResult = (lResultValue); \
-        return TRUE; \
+    void(ThisClass::*pmf_) PARAMS = &ThisClass::memberFxn; \
+    (pThis_->*pmf_) ARGS; \
+    call_.lResult = (lResultValue); \
+    return TRUE; \
     }
 
 // Calls a handler whose return value is the message's result.
 #define AFX_THUNK_R(R, memberFxn, PARAMS, ARGS) \
     AFX_THUNK_BEGIN \
-        R (ThisClass::*pmf_) PARAMS = &ThisClass::memberFxn; \
-        call_.lResult = AfxMsgResult((pThis_->*pmf_) ARGS); \
-        return TRUE; \
+    R(ThisClass::*pmf_) PARAMS = &ThisClass::memberFxn; \
+    call_.lResult = AfxMsgResult((pThis_->*pmf_) ARGS); \
+    return TRUE; \
     }
 
 // Calls a handler whose BOOL says whether it handled the message.
 #define AFX_THUNK_EX(memberFxn, PARAMS, ARGS) \
     AFX_THUNK_BEGIN \
-        BOOL (ThisClass::*pmf_) PARAMS = &ThisClass::memberFxn; \
-        return (pThis_->*pmf_) ARGS ? TRUE : FALSE; \
+    BOOL(ThisClass::*pmf_) PARAMS = &ThisClass::memberFxn; \
+    return (pThis_->*pmf_) ARGS ? TRUE : FALSE; \
     }
 
 #define AFX_MSG_ENTRY(msg, thunk) {(UINT)(msg), 0, 0, 0, AfxSig_msg, nullptr, thunk},
@@ -198,14 +202,18 @@ protected: \
     AFX_MSG_ENTRY(message_, AFX_THUNK_R(LRESULT, memberFxn, (WPARAM, LPARAM), (wParam, lParam)))
 // LRESULT memberFxn(WPARAM, LPARAM); nMessageVariable holds a RegisterWindowMessage number.
 #define ON_REGISTERED_MESSAGE(nMessageVariable, memberFxn) \
-    {0xC000, 0, 0, 0, AfxSig_registered, &(nMessageVariable), \
+    {0xC000, \
+     0, \
+     0, \
+     0, \
+     AfxSig_registered, \
+     &(nMessageVariable), \
      AFX_THUNK_R(LRESULT, memberFxn, (WPARAM, LPARAM), (wParam, lParam))},
 
 // ---- Commands ----
 
 // void memberFxn()
-#define ON_COMMAND(id, memberFxn) \
-    AFX_CMD_ENTRY(WM_COMMAND, CN_COMMAND, id, id, AFX_THUNK_V(memberFxn, (), (), 0))
+#define ON_COMMAND(id, memberFxn) AFX_CMD_ENTRY(WM_COMMAND, CN_COMMAND, id, id, AFX_THUNK_V(memberFxn, (), (), 0))
 // BOOL memberFxn(UINT nID); FALSE routes the command on.
 #define ON_COMMAND_EX(id, memberFxn) \
     AFX_CMD_ENTRY(WM_COMMAND, CN_COMMAND, id, id, AFX_THUNK_EX(memberFxn, (UINT), (nID)))
@@ -220,13 +228,13 @@ protected: \
 // CCmdUI::ContinueRouting.
 #define AFX_THUNK_UPDATE(memberFxn) \
     AFX_THUNK_BEGIN \
-        void (ThisClass::*pmf_)(CCmdUI*) = &ThisClass::memberFxn; \
-        CCmdUI* const pCmdUI_ = static_cast<CCmdUI*>(pExtra); \
-        pCmdUI_->m_bContinueRouting = FALSE; \
-        (pThis_->*pmf_)(pCmdUI_); \
-        const BOOL handled_ = !pCmdUI_->m_bContinueRouting; \
-        pCmdUI_->m_bContinueRouting = FALSE; \
-        return handled_; \
+    void (ThisClass::*pmf_)(CCmdUI*) = &ThisClass::memberFxn; \
+    CCmdUI* const pCmdUI_ = static_cast<CCmdUI*>(pExtra); \
+    pCmdUI_->m_bContinueRouting = FALSE; \
+    (pThis_->*pmf_)(pCmdUI_); \
+    const BOOL handled_ = !pCmdUI_->m_bContinueRouting; \
+    pCmdUI_->m_bContinueRouting = FALSE; \
+    return handled_; \
     }
 
 // void memberFxn(CCmdUI*)
@@ -291,18 +299,18 @@ protected: \
                   AFX_THUNK_V(memberFxn, (NMHDR*, LRESULT*), (AFX_NOTIFY_HDR(pExtra), AFX_NOTIFY_RESULT(pExtra)), 0))
 // void memberFxn(UINT id, NMHDR* pNotifyStruct, LRESULT* pResult)
 #define ON_NOTIFY_RANGE(wNotifyCode, id, idLast, memberFxn) \
-    AFX_CMD_ENTRY(WM_NOTIFY, (WORD)(wNotifyCode), id, idLast, \
-                  AFX_THUNK_V(memberFxn, (UINT, NMHDR*, LRESULT*), \
-                              (nID, AFX_NOTIFY_HDR(pExtra), AFX_NOTIFY_RESULT(pExtra)), 0))
+    AFX_CMD_ENTRY( \
+        WM_NOTIFY, (WORD)(wNotifyCode), id, idLast, \
+        AFX_THUNK_V(memberFxn, (UINT, NMHDR*, LRESULT*), (nID, AFX_NOTIFY_HDR(pExtra), AFX_NOTIFY_RESULT(pExtra)), 0))
 // BOOL memberFxn(UINT id, NMHDR* pNotifyStruct, LRESULT* pResult); FALSE routes on.
 #define ON_NOTIFY_EX(wNotifyCode, id, memberFxn) \
-    AFX_CMD_ENTRY(WM_NOTIFY, (WORD)(wNotifyCode), id, id, \
-                  AFX_THUNK_EX(memberFxn, (UINT, NMHDR*, LRESULT*), \
-                               (nID, AFX_NOTIFY_HDR(pExtra), AFX_NOTIFY_RESULT(pExtra))))
+    AFX_CMD_ENTRY( \
+        WM_NOTIFY, (WORD)(wNotifyCode), id, id, \
+        AFX_THUNK_EX(memberFxn, (UINT, NMHDR*, LRESULT*), (nID, AFX_NOTIFY_HDR(pExtra), AFX_NOTIFY_RESULT(pExtra))))
 #define ON_NOTIFY_EX_RANGE(wNotifyCode, id, idLast, memberFxn) \
-    AFX_CMD_ENTRY(WM_NOTIFY, (WORD)(wNotifyCode), id, idLast, \
-                  AFX_THUNK_EX(memberFxn, (UINT, NMHDR*, LRESULT*), \
-                               (nID, AFX_NOTIFY_HDR(pExtra), AFX_NOTIFY_RESULT(pExtra))))
+    AFX_CMD_ENTRY( \
+        WM_NOTIFY, (WORD)(wNotifyCode), id, idLast, \
+        AFX_THUNK_EX(memberFxn, (UINT, NMHDR*, LRESULT*), (nID, AFX_NOTIFY_HDR(pExtra), AFX_NOTIFY_RESULT(pExtra))))
 
 // ---- Reflected notifications (entries of the control's own class) ----
 
@@ -330,19 +338,20 @@ protected: \
             HBRUSH brush_ = (pThis_->*pmf_)(CDC::FromHandle(ctl_->hDC), ctl_->nCtlType); \
             call_.lResult = AfxMsgResult(brush_); \
             return brush_ != nullptr; \
-        })
+    })
 // void DrawItem(LPDRAWITEMSTRUCT)
 #define ON_WM_DRAWITEM_REFLECT() \
     AFX_MSG_ENTRY(WM_REFLECT_BASE + WM_DRAWITEM, \
                   AFX_THUNK_V(DrawItem, (LPDRAWITEMSTRUCT), (reinterpret_cast<LPDRAWITEMSTRUCT>(lParam)), TRUE))
 // void MeasureItem(LPMEASUREITEMSTRUCT)
 #define ON_WM_MEASUREITEM_REFLECT() \
-    AFX_MSG_ENTRY(WM_REFLECT_BASE + WM_MEASUREITEM, \
-                  AFX_THUNK_V(MeasureItem, (LPMEASUREITEMSTRUCT), (reinterpret_cast<LPMEASUREITEMSTRUCT>(lParam)), TRUE))
+    AFX_MSG_ENTRY( \
+        WM_REFLECT_BASE + WM_MEASUREITEM, \
+        AFX_THUNK_V(MeasureItem, (LPMEASUREITEMSTRUCT), (reinterpret_cast<LPMEASUREITEMSTRUCT>(lParam)), TRUE))
 // int CompareItem(LPCOMPAREITEMSTRUCT)
 #define ON_WM_COMPAREITEM_REFLECT() \
-    AFX_MSG_ENTRY(WM_REFLECT_BASE + WM_COMPAREITEM, \
-                  AFX_THUNK_R(int, CompareItem, (LPCOMPAREITEMSTRUCT), (reinterpret_cast<LPCOMPAREITEMSTRUCT>(lParam))))
+    AFX_MSG_ENTRY(WM_REFLECT_BASE + WM_COMPAREITEM, AFX_THUNK_R(int, CompareItem, (LPCOMPAREITEMSTRUCT), \
+                                                                (reinterpret_cast<LPCOMPAREITEMSTRUCT>(lParam))))
 // void DeleteItem(LPDELETEITEMSTRUCT)
 #define ON_WM_DELETEITEM_REFLECT() \
     AFX_MSG_ENTRY(WM_REFLECT_BASE + WM_DELETEITEM, \
@@ -368,26 +377,29 @@ protected: \
 #define ON_WM_CREATE() \
     AFX_MSG_ENTRY(WM_CREATE, AFX_THUNK_R(int, OnCreate, (LPCREATESTRUCT), (reinterpret_cast<LPCREATESTRUCT>(lParam))))
 #define ON_WM_NCCREATE() \
-    AFX_MSG_ENTRY(WM_NCCREATE, AFX_THUNK_R(BOOL, OnNcCreate, (LPCREATESTRUCT), (reinterpret_cast<LPCREATESTRUCT>(lParam))))
+    AFX_MSG_ENTRY(WM_NCCREATE, \
+                  AFX_THUNK_R(BOOL, OnNcCreate, (LPCREATESTRUCT), (reinterpret_cast<LPCREATESTRUCT>(lParam))))
 #define ON_WM_DESTROY() AFX_MSG_ENTRY(WM_DESTROY, AFX_THUNK_V(OnDestroy, (), (), 0))
 #define ON_WM_NCDESTROY() AFX_MSG_ENTRY(WM_NCDESTROY, AFX_THUNK_V(OnNcDestroy, (), (), 0))
 #define ON_WM_CLOSE() AFX_MSG_ENTRY(WM_CLOSE, AFX_THUNK_V(OnClose, (), (), 0))
 #define ON_WM_SIZE() \
     AFX_MSG_ENTRY(WM_SIZE, AFX_THUNK_V(OnSize, (UINT, int, int), ((UINT)wParam, LOWORD(lParam), HIWORD(lParam)), 0))
 #define ON_WM_SIZING() \
-    AFX_MSG_ENTRY(WM_SIZING, AFX_THUNK_V(OnSizing, (UINT, LPRECT), ((UINT)wParam, reinterpret_cast<LPRECT>(lParam)), TRUE))
+    AFX_MSG_ENTRY(WM_SIZING, \
+                  AFX_THUNK_V(OnSizing, (UINT, LPRECT), ((UINT)wParam, reinterpret_cast<LPRECT>(lParam)), TRUE))
 #define ON_WM_MOVING() \
-    AFX_MSG_ENTRY(WM_MOVING, AFX_THUNK_V(OnMoving, (UINT, LPRECT), ((UINT)wParam, reinterpret_cast<LPRECT>(lParam)), TRUE))
+    AFX_MSG_ENTRY(WM_MOVING, \
+                  AFX_THUNK_V(OnMoving, (UINT, LPRECT), ((UINT)wParam, reinterpret_cast<LPRECT>(lParam)), TRUE))
 #define ON_WM_MOVE() \
     AFX_MSG_ENTRY(WM_MOVE, AFX_THUNK_V(OnMove, (int, int), (AFX_GET_X_LPARAM(lParam), AFX_GET_Y_LPARAM(lParam)), 0))
 #define ON_WM_ENTERSIZEMOVE() AFX_MSG_ENTRY(WM_ENTERSIZEMOVE, AFX_THUNK_V(OnEnterSizeMove, (), (), 0))
 #define ON_WM_EXITSIZEMOVE() AFX_MSG_ENTRY(WM_EXITSIZEMOVE, AFX_THUNK_V(OnExitSizeMove, (), (), 0))
 #define ON_WM_PAINT() AFX_MSG_ENTRY(WM_PAINT, AFX_THUNK_V(OnPaint, (), (), 0))
-#define ON_WM_ERASEBKGND() \
-    AFX_MSG_ENTRY(WM_ERASEBKGND, AFX_THUNK_R(BOOL, OnEraseBkgnd, (CDC*), (AFX_TEMP_DC(wParam))))
+#define ON_WM_ERASEBKGND() AFX_MSG_ENTRY(WM_ERASEBKGND, AFX_THUNK_R(BOOL, OnEraseBkgnd, (CDC*), (AFX_TEMP_DC(wParam))))
 #define ON_WM_TIMER() AFX_MSG_ENTRY(WM_TIMER, AFX_THUNK_V(OnTimer, (UINT_PTR), ((UINT_PTR)wParam), 0))
 #define ON_WM_KEYDOWN() \
-    AFX_MSG_ENTRY(WM_KEYDOWN, AFX_THUNK_V(OnKeyDown, (UINT, UINT, UINT), ((UINT)wParam, LOWORD(lParam), HIWORD(lParam)), 0))
+    AFX_MSG_ENTRY(WM_KEYDOWN, \
+                  AFX_THUNK_V(OnKeyDown, (UINT, UINT, UINT), ((UINT)wParam, LOWORD(lParam), HIWORD(lParam)), 0))
 #define ON_WM_KEYUP() \
     AFX_MSG_ENTRY(WM_KEYUP, AFX_THUNK_V(OnKeyUp, (UINT, UINT, UINT), ((UINT)wParam, LOWORD(lParam), HIWORD(lParam)), 0))
 #define ON_WM_CHAR() \
@@ -399,7 +411,8 @@ protected: \
     AFX_MSG_ENTRY(WM_SYSKEYUP, \
                   AFX_THUNK_V(OnSysKeyUp, (UINT, UINT, UINT), ((UINT)wParam, LOWORD(lParam), HIWORD(lParam)), 0))
 #define ON_WM_SYSCHAR() \
-    AFX_MSG_ENTRY(WM_SYSCHAR, AFX_THUNK_V(OnSysChar, (UINT, UINT, UINT), ((UINT)wParam, LOWORD(lParam), HIWORD(lParam)), 0))
+    AFX_MSG_ENTRY(WM_SYSCHAR, \
+                  AFX_THUNK_V(OnSysChar, (UINT, UINT, UINT), ((UINT)wParam, LOWORD(lParam), HIWORD(lParam)), 0))
 
 #define AFX_MOUSE_ENTRY(msg, memberFxn) \
     AFX_MSG_ENTRY(msg, AFX_THUNK_V(memberFxn, (UINT, CPoint), ((UINT)wParam, AFX_LPARAM_POINT(lParam)), 0))
@@ -451,18 +464,19 @@ protected: \
                                            ((UINT)LOWORD(wParam), (UINT)HIWORD(wParam), \
                                             CMenu::FromHandle(reinterpret_cast<HMENU>(lParam)))))
 #define ON_WM_INITMENU() \
-    AFX_MSG_ENTRY(WM_INITMENU, AFX_THUNK_V(OnInitMenu, (CMenu*), (CMenu::FromHandle(reinterpret_cast<HMENU>(wParam))), 0))
+    AFX_MSG_ENTRY(WM_INITMENU, \
+                  AFX_THUNK_V(OnInitMenu, (CMenu*), (CMenu::FromHandle(reinterpret_cast<HMENU>(wParam))), 0))
 #define ON_WM_INITMENUPOPUP() \
     AFX_MSG_ENTRY(WM_INITMENUPOPUP, AFX_THUNK_V(OnInitMenuPopup, (CMenu*, UINT, BOOL), \
                                                 (CMenu::FromHandle(reinterpret_cast<HMENU>(wParam)), \
-                                                 (UINT)LOWORD(lParam), (BOOL)HIWORD(lParam)), 0))
+                                                 (UINT)LOWORD(lParam), (BOOL)HIWORD(lParam)), \
+                                                0))
 #define ON_WM_MENUSELECT() \
-    AFX_MSG_ENTRY(WM_MENUSELECT, AFX_THUNK_V(OnMenuSelect, (UINT, UINT, HMENU), \
-                                             ((UINT)LOWORD(wParam), (UINT)HIWORD(wParam), reinterpret_cast<HMENU>(lParam)), 0))
-#define ON_WM_ENTERMENULOOP() \
-    AFX_MSG_ENTRY(WM_ENTERMENULOOP, AFX_THUNK_V(OnEnterMenuLoop, (BOOL), ((BOOL)wParam), 0))
-#define ON_WM_EXITMENULOOP() \
-    AFX_MSG_ENTRY(WM_EXITMENULOOP, AFX_THUNK_V(OnExitMenuLoop, (BOOL), ((BOOL)wParam), 0))
+    AFX_MSG_ENTRY(WM_MENUSELECT, \
+                  AFX_THUNK_V(OnMenuSelect, (UINT, UINT, HMENU), \
+                              ((UINT)LOWORD(wParam), (UINT)HIWORD(wParam), reinterpret_cast<HMENU>(lParam)), 0))
+#define ON_WM_ENTERMENULOOP() AFX_MSG_ENTRY(WM_ENTERMENULOOP, AFX_THUNK_V(OnEnterMenuLoop, (BOOL), ((BOOL)wParam), 0))
+#define ON_WM_EXITMENULOOP() AFX_MSG_ENTRY(WM_EXITMENULOOP, AFX_THUNK_V(OnExitMenuLoop, (BOOL), ((BOOL)wParam), 0))
 #define ON_WM_ENTERIDLE() \
     AFX_MSG_ENTRY(WM_ENTERIDLE, AFX_THUNK_V(OnEnterIdle, (UINT, CWnd*), ((UINT)wParam, AFX_TEMP_WND(lParam)), 0))
 
@@ -500,11 +514,13 @@ protected: \
 #define AFX_TEMP_SCROLLBAR(h) \
     ((h) != 0 ? static_cast<CScrollBar*>(CWnd::FromHandle(reinterpret_cast<HWND>(h))) : nullptr)
 #define ON_WM_HSCROLL() \
-    AFX_MSG_ENTRY(WM_HSCROLL, AFX_THUNK_V(OnHScroll, (UINT, UINT, CScrollBar*), \
-                                          ((UINT)LOWORD(wParam), (UINT)(short)HIWORD(wParam), AFX_TEMP_SCROLLBAR(lParam)), 0))
+    AFX_MSG_ENTRY(WM_HSCROLL, \
+                  AFX_THUNK_V(OnHScroll, (UINT, UINT, CScrollBar*), \
+                              ((UINT)LOWORD(wParam), (UINT)(short)HIWORD(wParam), AFX_TEMP_SCROLLBAR(lParam)), 0))
 #define ON_WM_VSCROLL() \
-    AFX_MSG_ENTRY(WM_VSCROLL, AFX_THUNK_V(OnVScroll, (UINT, UINT, CScrollBar*), \
-                                          ((UINT)LOWORD(wParam), (UINT)(short)HIWORD(wParam), AFX_TEMP_SCROLLBAR(lParam)), 0))
+    AFX_MSG_ENTRY(WM_VSCROLL, \
+                  AFX_THUNK_V(OnVScroll, (UINT, UINT, CScrollBar*), \
+                              ((UINT)LOWORD(wParam), (UINT)(short)HIWORD(wParam), AFX_TEMP_SCROLLBAR(lParam)), 0))
 
 #define ON_WM_SYSCOMMAND() \
     AFX_MSG_ENTRY(WM_SYSCOMMAND, AFX_THUNK_V(OnSysCommand, (UINT, LPARAM), ((UINT)wParam, lParam), 0))
@@ -530,7 +546,7 @@ protected: \
 #define ON_WM_QUERYDRAGICON() AFX_MSG_ENTRY(WM_QUERYDRAGICON, AFX_THUNK_R(HCURSOR, OnQueryDragIcon, (), ()))
 // The receiving child is being activated when lParam names it.
 #define ON_WM_MDIACTIVATE() \
-    AFX_MSG_ENTRY(WM_MDIACTIVATE, \
-                  AFX_THUNK_V(OnMDIActivate, (BOOL, CWnd*, CWnd*), \
-                              (reinterpret_cast<HWND>(lParam) == pThis_->m_hWnd, AFX_TEMP_WND(lParam), \
-                               AFX_TEMP_WND(wParam)), 0))
+    AFX_MSG_ENTRY(WM_MDIACTIVATE, AFX_THUNK_V(OnMDIActivate, (BOOL, CWnd*, CWnd*), \
+                                              (reinterpret_cast<HWND>(lParam) == pThis_->m_hWnd, AFX_TEMP_WND(lParam), \
+                                               AFX_TEMP_WND(wParam)), \
+                                              0))

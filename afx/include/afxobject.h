@@ -27,8 +27,8 @@ struct AFX_API CRuntimeClass
     LPCSTR m_lpszClassName;
     int m_nObjectSize;
     UINT m_wSchema;
-    CObject* (PASCAL* m_pfnCreateObject)();
-    CRuntimeClass* (PASCAL* m_pfnGetBaseClass)();
+    CObject*(PASCAL* m_pfnCreateObject)();
+    CRuntimeClass*(PASCAL* m_pfnGetBaseClass)();
     CRuntimeClass* m_pNextClass;
 
     // A new object of this class, or NULL if the class is not dynamically
@@ -112,6 +112,7 @@ AFX_API CObject* AfxReadObject(CArchive& ar, const CRuntimeClass* pClassRef);
 #define DECLARE_DYNAMIC(class_name) \
 protected: \
     static CRuntimeClass* PASCAL _GetBaseClass(); \
+\
 public: \
     static CRuntimeClass class##class_name; \
     static CRuntimeClass* PASCAL GetThisClass(); \
@@ -130,23 +131,37 @@ public: \
     }
 
 #define _AFX_IMPLEMENT_RUNTIMECLASS(class_name, base_class_name, wSchema, pfnNew) \
-    CRuntimeClass* PASCAL class_name::_GetBaseClass() { return RUNTIME_CLASS(base_class_name); } \
-    CRuntimeClass class_name::class##class_name = { \
-        #class_name, int(sizeof(class class_name)), UINT(wSchema), pfnNew, \
-        &class_name::_GetBaseClass, nullptr}; \
-    CRuntimeClass* PASCAL class_name::GetThisClass() { return &class_name::class##class_name; } \
-    CRuntimeClass* class_name::GetRuntimeClass() const { return &class_name::class##class_name; } \
+    CRuntimeClass* PASCAL class_name::_GetBaseClass() \
+    { \
+        return RUNTIME_CLASS(base_class_name); \
+    } \
+    CRuntimeClass class_name::class##class_name = {#class_name, int(sizeof(class class_name)), UINT(wSchema), \
+                                                   pfnNew,      &class_name::_GetBaseClass,    nullptr}; \
+    CRuntimeClass* PASCAL class_name::GetThisClass() \
+    { \
+        return &class_name::class##class_name; \
+    } \
+    CRuntimeClass* class_name::GetRuntimeClass() const \
+    { \
+        return &class_name::class##class_name; \
+    } \
     static const AFX_CLASSINIT _init_##class_name(&class_name::class##class_name);
 
 #define IMPLEMENT_DYNAMIC(class_name, base_class_name) \
     _AFX_IMPLEMENT_RUNTIMECLASS(class_name, base_class_name, 0xFFFF, nullptr)
 
 #define IMPLEMENT_DYNCREATE(class_name, base_class_name) \
-    CObject* PASCAL class_name::CreateObject() { return new class_name; } \
+    CObject* PASCAL class_name::CreateObject() \
+    { \
+        return new class_name; \
+    } \
     _AFX_IMPLEMENT_RUNTIMECLASS(class_name, base_class_name, 0xFFFF, &class_name::CreateObject)
 
 #define IMPLEMENT_SERIAL(class_name, base_class_name, wSchema) \
-    CObject* PASCAL class_name::CreateObject() { return new class_name; } \
+    CObject* PASCAL class_name::CreateObject() \
+    { \
+        return new class_name; \
+    } \
     _AFX_IMPLEMENT_RUNTIMECLASS(class_name, base_class_name, wSchema, &class_name::CreateObject)
 
 // Diagnostic text output: to a file if one is given, else to stderr (and to

@@ -212,23 +212,74 @@ inline bool operator==(const CString& a, const CString& b)
 {
     return a.GetLength() == b.GetLength() && a.Compare(b) == 0;
 }
-inline bool operator==(const CString& a, const char* b) { return a.Compare(b) == 0; }
-inline bool operator==(const char* a, const CString& b) { return b.Compare(a) == 0; }
-inline bool operator!=(const CString& a, const CString& b) { return !(a == b); }
-inline bool operator!=(const CString& a, const char* b) { return !(a == b); }
-inline bool operator!=(const char* a, const CString& b) { return !(a == b); }
-inline bool operator<(const CString& a, const CString& b) { return a.Compare(b) < 0; }
-inline bool operator<(const CString& a, const char* b) { return a.Compare(b) < 0; }
-inline bool operator<(const char* a, const CString& b) { return b.Compare(a) > 0; }
-inline bool operator>(const CString& a, const CString& b) { return a.Compare(b) > 0; }
-inline bool operator>(const CString& a, const char* b) { return a.Compare(b) > 0; }
-inline bool operator>(const char* a, const CString& b) { return b.Compare(a) < 0; }
-inline bool operator<=(const CString& a, const CString& b) { return a.Compare(b) <= 0; }
-inline bool operator<=(const CString& a, const char* b) { return a.Compare(b) <= 0; }
-inline bool operator<=(const char* a, const CString& b) { return b.Compare(a) >= 0; }
-inline bool operator>=(const CString& a, const CString& b) { return a.Compare(b) >= 0; }
-inline bool operator>=(const CString& a, const char* b) { return a.Compare(b) >= 0; }
-inline bool operator>=(const char* a, const CString& b) { return b.Compare(a) <= 0; }
+inline bool operator==(const CString& a, const char* b)
+{
+    return a.Compare(b) == 0;
+}
+inline bool operator==(const char* a, const CString& b)
+{
+    return b.Compare(a) == 0;
+}
+inline bool operator!=(const CString& a, const CString& b)
+{
+    return !(a == b);
+}
+inline bool operator!=(const CString& a, const char* b)
+{
+    return !(a == b);
+}
+inline bool operator!=(const char* a, const CString& b)
+{
+    return !(a == b);
+}
+inline bool operator<(const CString& a, const CString& b)
+{
+    return a.Compare(b) < 0;
+}
+inline bool operator<(const CString& a, const char* b)
+{
+    return a.Compare(b) < 0;
+}
+inline bool operator<(const char* a, const CString& b)
+{
+    return b.Compare(a) > 0;
+}
+inline bool operator>(const CString& a, const CString& b)
+{
+    return a.Compare(b) > 0;
+}
+inline bool operator>(const CString& a, const char* b)
+{
+    return a.Compare(b) > 0;
+}
+inline bool operator>(const char* a, const CString& b)
+{
+    return b.Compare(a) < 0;
+}
+inline bool operator<=(const CString& a, const CString& b)
+{
+    return a.Compare(b) <= 0;
+}
+inline bool operator<=(const CString& a, const char* b)
+{
+    return a.Compare(b) <= 0;
+}
+inline bool operator<=(const char* a, const CString& b)
+{
+    return b.Compare(a) >= 0;
+}
+inline bool operator>=(const CString& a, const CString& b)
+{
+    return a.Compare(b) >= 0;
+}
+inline bool operator>=(const CString& a, const char* b)
+{
+    return a.Compare(b) >= 0;
+}
+inline bool operator>=(const char* a, const CString& b)
+{
+    return b.Compare(a) <= 0;
+}
 
 #ifdef _WIN32
 // The module whose string table holds string nID, or NULL. Searches the

@@ -211,8 +211,7 @@ void CArray<TYPE, ARG_TYPE>::reallocate(INT_PTR nNewMax)
 {
     TYPE* pNew = std::allocator<TYPE>().allocate(static_cast<std::size_t>(nNewMax));
     try {
-        if constexpr (std::is_nothrow_move_constructible_v<TYPE> ||
-                      !std::is_copy_constructible_v<TYPE>)
+        if constexpr (std::is_nothrow_move_constructible_v<TYPE> || !std::is_copy_constructible_v<TYPE>)
             std::uninitialized_move_n(m_pData, m_nSize, pNew);
         else
             std::uninitialized_copy_n(m_pData, m_nSize, pNew);
@@ -246,8 +245,7 @@ void CArray<TYPE, ARG_TYPE>::SetSize(INT_PTR nNewSize, INT_PTR nGrowBy)
         INT_PTR grow = m_nGrowBy;
         if (grow == 0)
             grow = std::clamp<INT_PTR>(m_nSize / 8, 4, 1024);
-        const INT_PTR nNewMax =
-            (m_nMaxSize <= maxElements() - grow) ? std::max(nNewSize, m_nMaxSize + grow) : nNewSize;
+        const INT_PTR nNewMax = (m_nMaxSize <= maxElements() - grow) ? std::max(nNewSize, m_nMaxSize + grow) : nNewSize;
         reallocate(nNewMax);
     }
     if (nNewSize > m_nSize)

@@ -23,8 +23,8 @@ inline int MulDivRounded(int number, int numerator, int denominator)
         return -1;
     long long product = static_cast<long long>(number) * numerator;
     const bool negative = (product < 0) != (denominator < 0);
-    unsigned long long a = product < 0 ? 0ULL - static_cast<unsigned long long>(product)
-                                       : static_cast<unsigned long long>(product);
+    unsigned long long a =
+        product < 0 ? 0ULL - static_cast<unsigned long long>(product) : static_cast<unsigned long long>(product);
     unsigned long long d = denominator < 0 ? 0ULL - static_cast<unsigned long long>(denominator)
                                            : static_cast<unsigned long long>(denominator);
     unsigned long long q = (a + d / 2) / d;
@@ -39,10 +39,26 @@ inline int MulDivRounded(int number, int numerator, int denominator)
 class CSize : public tagSIZE
 {
 public:
-    CSize() noexcept { cx = 0; cy = 0; }
-    CSize(int initCX, int initCY) noexcept { cx = initCX; cy = initCY; }
-    CSize(SIZE initSize) noexcept { cx = initSize.cx; cy = initSize.cy; }
-    CSize(POINT initPt) noexcept { cx = initPt.x; cy = initPt.y; }
+    CSize() noexcept
+    {
+        cx = 0;
+        cy = 0;
+    }
+    CSize(int initCX, int initCY) noexcept
+    {
+        cx = initCX;
+        cy = initCY;
+    }
+    CSize(SIZE initSize) noexcept
+    {
+        cx = initSize.cx;
+        cy = initSize.cy;
+    }
+    CSize(POINT initPt) noexcept
+    {
+        cx = initPt.x;
+        cy = initPt.y;
+    }
     // Low word is cx, high word cy, both signed.
     CSize(DWORD dwSize) noexcept
     {
@@ -52,9 +68,21 @@ public:
 
     BOOL operator==(SIZE size) const noexcept { return cx == size.cx && cy == size.cy; }
     BOOL operator!=(SIZE size) const noexcept { return !(*this == size); }
-    void operator+=(SIZE size) noexcept { cx += size.cx; cy += size.cy; }
-    void operator-=(SIZE size) noexcept { cx -= size.cx; cy -= size.cy; }
-    void SetSize(int CX, int CY) noexcept { cx = CX; cy = CY; }
+    void operator+=(SIZE size) noexcept
+    {
+        cx += size.cx;
+        cy += size.cy;
+    }
+    void operator-=(SIZE size) noexcept
+    {
+        cx -= size.cx;
+        cy -= size.cy;
+    }
+    void SetSize(int CX, int CY) noexcept
+    {
+        cx = CX;
+        cy = CY;
+    }
 
     CSize operator+(SIZE size) const noexcept { return CSize(cx + size.cx, cy + size.cy); }
     CSize operator-(SIZE size) const noexcept { return CSize(cx - size.cx, cy - size.cy); }
@@ -70,10 +98,26 @@ public:
 class CPoint : public tagPOINT
 {
 public:
-    CPoint() noexcept { x = 0; y = 0; }
-    CPoint(int initX, int initY) noexcept { x = initX; y = initY; }
-    CPoint(POINT initPt) noexcept { x = initPt.x; y = initPt.y; }
-    CPoint(SIZE initSize) noexcept { x = initSize.cx; y = initSize.cy; }
+    CPoint() noexcept
+    {
+        x = 0;
+        y = 0;
+    }
+    CPoint(int initX, int initY) noexcept
+    {
+        x = initX;
+        y = initY;
+    }
+    CPoint(POINT initPt) noexcept
+    {
+        x = initPt.x;
+        y = initPt.y;
+    }
+    CPoint(SIZE initSize) noexcept
+    {
+        x = initSize.cx;
+        y = initSize.cy;
+    }
     // Low word is x, high word y, both signed, as in mouse message parameters.
     CPoint(LPARAM dwPoint) noexcept
     {
@@ -81,10 +125,18 @@ public:
         y = static_cast<short>(HIWORD(dwPoint));
     }
 
-    void Offset(int xOffset, int yOffset) noexcept { x += xOffset; y += yOffset; }
+    void Offset(int xOffset, int yOffset) noexcept
+    {
+        x += xOffset;
+        y += yOffset;
+    }
     void Offset(POINT point) noexcept { Offset(point.x, point.y); }
     void Offset(SIZE size) noexcept { Offset(size.cx, size.cy); }
-    void SetPoint(int X, int Y) noexcept { x = X; y = Y; }
+    void SetPoint(int X, int Y) noexcept
+    {
+        x = X;
+        y = Y;
+    }
 
     BOOL operator==(POINT point) const noexcept { return x == point.x && y == point.y; }
     BOOL operator!=(POINT point) const noexcept { return !(*this == point); }
@@ -112,10 +164,7 @@ public:
     CRect(int l, int t, int r, int b) noexcept { SetRect(l, t, r, b); }
     CRect(const RECT& srcRect) noexcept { CopyRect(&srcRect); }
     CRect(const RECT* lpSrcRect) noexcept { CopyRect(lpSrcRect); }
-    CRect(POINT point, SIZE size) noexcept
-    {
-        SetRect(point.x, point.y, point.x + size.cx, point.y + size.cy);
-    }
+    CRect(POINT point, SIZE size) noexcept { SetRect(point.x, point.y, point.x + size.cx, point.y + size.cy); }
     CRect(POINT topLeft, POINT bottomRight) noexcept { SetRect(topLeft, bottomRight); }
 
     int Width() const noexcept { return right - left; }
@@ -167,16 +216,12 @@ public:
     // Exact comparison: two empty rectangles at different places differ.
     BOOL EqualRect(LPCRECT lpRect) const noexcept
     {
-        return left == lpRect->left && top == lpRect->top && right == lpRect->right &&
-               bottom == lpRect->bottom;
+        return left == lpRect->left && top == lpRect->top && right == lpRect->right && bottom == lpRect->bottom;
     }
 
     void InflateRect(int x, int y) noexcept { InflateRect(x, y, x, y); }
     void InflateRect(SIZE size) noexcept { InflateRect(size.cx, size.cy); }
-    void InflateRect(LPCRECT lpRect) noexcept
-    {
-        InflateRect(lpRect->left, lpRect->top, lpRect->right, lpRect->bottom);
-    }
+    void InflateRect(LPCRECT lpRect) noexcept { InflateRect(lpRect->left, lpRect->top, lpRect->right, lpRect->bottom); }
     void InflateRect(int l, int t, int r, int b) noexcept
     {
         left -= l;

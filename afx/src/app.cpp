@@ -54,16 +54,9 @@ const AFX_MSGMAP* CWinThread::GetMessageMap() const
 }
 
 CWinThread::CWinThread()
-    : m_pMainWnd(nullptr),
-      m_pActiveWnd(nullptr),
-      m_bAutoDelete(TRUE),
-      m_hThread(nullptr),
-      m_nThreadID(0),
-      m_msgCur(),
-      m_ptCursorLast{-1, -1},
-      m_nMsgLast(0)
-{
-}
+    : m_pMainWnd(nullptr), m_pActiveWnd(nullptr), m_bAutoDelete(TRUE), m_hThread(nullptr), m_nThreadID(0),
+      m_msgCur(), m_ptCursorLast{-1, -1}, m_nMsgLast(0)
+{}
 
 CWinThread::~CWinThread()
 {
@@ -175,8 +168,8 @@ BOOL CWinThread::OnIdle(LONG lCount)
 BOOL CWinThread::IsIdleMessage(MSG* pMsg)
 {
     if (pMsg->message == WM_MOUSEMOVE || pMsg->message == WM_NCMOUSEMOVE) {
-        const bool same = pMsg->message == m_nMsgLast && pMsg->pt.x == m_ptCursorLast.x &&
-                          pMsg->pt.y == m_ptCursorLast.y;
+        const bool same =
+            pMsg->message == m_nMsgLast && pMsg->pt.x == m_ptCursorLast.x && pMsg->pt.y == m_ptCursorLast.y;
         m_ptCursorLast = pMsg->pt;
         m_nMsgLast = pMsg->message;
         return same ? FALSE : TRUE;
@@ -226,13 +219,8 @@ const AFX_MSGMAP* CWinApp::GetMessageMap() const
 }
 
 CWinApp::CWinApp(LPCTSTR lpszAppName)
-    : m_pszAppName(lpszAppName != nullptr ? _strdup(lpszAppName) : nullptr),
-      m_hInstance(nullptr),
-      m_lpCmdLine(nullptr),
-      m_nCmdShow(SW_SHOWNORMAL),
-      m_pszExeName(nullptr),
-      m_pszHelpFilePath(nullptr),
-      m_pszProfileName(nullptr),
+    : m_pszAppName(lpszAppName != nullptr ? _strdup(lpszAppName) : nullptr), m_hInstance(nullptr), m_lpCmdLine(nullptr),
+      m_nCmdShow(SW_SHOWNORMAL), m_pszExeName(nullptr), m_pszHelpFilePath(nullptr), m_pszProfileName(nullptr),
       m_pszRegistryKey(nullptr)
 {
     m_bAutoDelete = FALSE;
@@ -337,10 +325,15 @@ int CWinApp::DoMessageBox(LPCTSTR lpszPrompt, UINT nType, UINT nIDPrompt)
     if ((nType & MB_ICONMASK) == 0) {
         switch (nType & MB_TYPEMASK) {
         case MB_OK:
-        case MB_OKCANCEL: nType |= MB_ICONEXCLAMATION; break;
+        case MB_OKCANCEL:
+            nType |= MB_ICONEXCLAMATION;
+            break;
         case MB_YESNO:
-        case MB_YESNOCANCEL: nType |= MB_ICONQUESTION; break;
-        default: break;
+        case MB_YESNOCANCEL:
+            nType |= MB_ICONQUESTION;
+            break;
+        default:
+            break;
         }
     }
     CWnd* mainWnd = AfxGetMainWnd();

@@ -375,9 +375,8 @@ CObject* CArchive::ReadObject(const CRuntimeClass* pClassRef)
             AfxThrowArchiveException(CArchiveException::badIndex, m_strFileName);
         m_loadArray.push_back({pClass, true, nSchema});
     } else {
-        const DWORD obTag = wTag == kBigObjectTag
-                                ? LoadValue<DWORD>(*this)
-                                : (DWORD(wTag & kClassTag) << 16) | DWORD(wTag & ~kClassTag);
+        const DWORD obTag = wTag == kBigObjectTag ? LoadValue<DWORD>(*this)
+                                                  : (DWORD(wTag & kClassTag) << 16) | DWORD(wTag & ~kClassTag);
         const bool bIsClass = (obTag & kBigClassTag) != 0;
         const LoadEntry& entry = LoadedEntry(obTag & ~kBigClassTag);
         if (entry.bIsClass != bIsClass || entry.pItem == nullptr)
@@ -465,36 +464,140 @@ void CArchive::Abort()
     m_lpBufMax = IsLoading() ? m_lpBufStart : m_lpBufStart + m_nBufSize;
 }
 
-CArchive& CArchive::operator<<(BYTE by) { StoreValue(*this, by); return *this; }
-CArchive& CArchive::operator<<(WORD w) { StoreValue(*this, w); return *this; }
-CArchive& CArchive::operator<<(int i) { StoreValue(*this, static_cast<std::int32_t>(i)); return *this; }
-CArchive& CArchive::operator<<(unsigned u) { StoreValue(*this, static_cast<std::uint32_t>(u)); return *this; }
-CArchive& CArchive::operator<<(short w) { StoreValue(*this, w); return *this; }
-CArchive& CArchive::operator<<(char ch) { StoreValue(*this, ch); return *this; }
-CArchive& CArchive::operator<<(bool b) { StoreValue(*this, static_cast<BYTE>(b ? 1 : 0)); return *this; }
-CArchive& CArchive::operator<<(float f) { StoreValue(*this, f); return *this; }
-CArchive& CArchive::operator<<(double d) { StoreValue(*this, d); return *this; }
-CArchive& CArchive::operator<<(LONGLONG dwdw) { StoreValue(*this, dwdw); return *this; }
-CArchive& CArchive::operator<<(ULONGLONG dwdw) { StoreValue(*this, dwdw); return *this; }
+CArchive& CArchive::operator<<(BYTE by)
+{
+    StoreValue(*this, by);
+    return *this;
+}
+CArchive& CArchive::operator<<(WORD w)
+{
+    StoreValue(*this, w);
+    return *this;
+}
+CArchive& CArchive::operator<<(int i)
+{
+    StoreValue(*this, static_cast<std::int32_t>(i));
+    return *this;
+}
+CArchive& CArchive::operator<<(unsigned u)
+{
+    StoreValue(*this, static_cast<std::uint32_t>(u));
+    return *this;
+}
+CArchive& CArchive::operator<<(short w)
+{
+    StoreValue(*this, w);
+    return *this;
+}
+CArchive& CArchive::operator<<(char ch)
+{
+    StoreValue(*this, ch);
+    return *this;
+}
+CArchive& CArchive::operator<<(bool b)
+{
+    StoreValue(*this, static_cast<BYTE>(b ? 1 : 0));
+    return *this;
+}
+CArchive& CArchive::operator<<(float f)
+{
+    StoreValue(*this, f);
+    return *this;
+}
+CArchive& CArchive::operator<<(double d)
+{
+    StoreValue(*this, d);
+    return *this;
+}
+CArchive& CArchive::operator<<(LONGLONG dwdw)
+{
+    StoreValue(*this, dwdw);
+    return *this;
+}
+CArchive& CArchive::operator<<(ULONGLONG dwdw)
+{
+    StoreValue(*this, dwdw);
+    return *this;
+}
 #ifdef _WIN32
-CArchive& CArchive::operator<<(LONG l) { StoreValue(*this, l); return *this; }
-CArchive& CArchive::operator<<(DWORD dw) { StoreValue(*this, dw); return *this; }
+CArchive& CArchive::operator<<(LONG l)
+{
+    StoreValue(*this, l);
+    return *this;
+}
+CArchive& CArchive::operator<<(DWORD dw)
+{
+    StoreValue(*this, dw);
+    return *this;
+}
 #endif
 
-CArchive& CArchive::operator>>(BYTE& by) { by = LoadValue<BYTE>(*this); return *this; }
-CArchive& CArchive::operator>>(WORD& w) { w = LoadValue<WORD>(*this); return *this; }
-CArchive& CArchive::operator>>(int& i) { i = LoadValue<std::int32_t>(*this); return *this; }
-CArchive& CArchive::operator>>(unsigned& u) { u = LoadValue<std::uint32_t>(*this); return *this; }
-CArchive& CArchive::operator>>(short& w) { w = LoadValue<short>(*this); return *this; }
-CArchive& CArchive::operator>>(char& ch) { ch = LoadValue<char>(*this); return *this; }
-CArchive& CArchive::operator>>(bool& b) { b = LoadValue<BYTE>(*this) != 0; return *this; }
-CArchive& CArchive::operator>>(float& f) { f = LoadValue<float>(*this); return *this; }
-CArchive& CArchive::operator>>(double& d) { d = LoadValue<double>(*this); return *this; }
-CArchive& CArchive::operator>>(LONGLONG& dwdw) { dwdw = LoadValue<LONGLONG>(*this); return *this; }
-CArchive& CArchive::operator>>(ULONGLONG& dwdw) { dwdw = LoadValue<ULONGLONG>(*this); return *this; }
+CArchive& CArchive::operator>>(BYTE& by)
+{
+    by = LoadValue<BYTE>(*this);
+    return *this;
+}
+CArchive& CArchive::operator>>(WORD& w)
+{
+    w = LoadValue<WORD>(*this);
+    return *this;
+}
+CArchive& CArchive::operator>>(int& i)
+{
+    i = LoadValue<std::int32_t>(*this);
+    return *this;
+}
+CArchive& CArchive::operator>>(unsigned& u)
+{
+    u = LoadValue<std::uint32_t>(*this);
+    return *this;
+}
+CArchive& CArchive::operator>>(short& w)
+{
+    w = LoadValue<short>(*this);
+    return *this;
+}
+CArchive& CArchive::operator>>(char& ch)
+{
+    ch = LoadValue<char>(*this);
+    return *this;
+}
+CArchive& CArchive::operator>>(bool& b)
+{
+    b = LoadValue<BYTE>(*this) != 0;
+    return *this;
+}
+CArchive& CArchive::operator>>(float& f)
+{
+    f = LoadValue<float>(*this);
+    return *this;
+}
+CArchive& CArchive::operator>>(double& d)
+{
+    d = LoadValue<double>(*this);
+    return *this;
+}
+CArchive& CArchive::operator>>(LONGLONG& dwdw)
+{
+    dwdw = LoadValue<LONGLONG>(*this);
+    return *this;
+}
+CArchive& CArchive::operator>>(ULONGLONG& dwdw)
+{
+    dwdw = LoadValue<ULONGLONG>(*this);
+    return *this;
+}
 #ifdef _WIN32
-CArchive& CArchive::operator>>(LONG& l) { l = LoadValue<LONG>(*this); return *this; }
-CArchive& CArchive::operator>>(DWORD& dw) { dw = LoadValue<DWORD>(*this); return *this; }
+CArchive& CArchive::operator>>(LONG& l)
+{
+    l = LoadValue<LONG>(*this);
+    return *this;
+}
+CArchive& CArchive::operator>>(DWORD& dw)
+{
+    dw = LoadValue<DWORD>(*this);
+    return *this;
+}
 #endif
 
 CArchive& operator<<(CArchive& ar, const CObject* pOb)

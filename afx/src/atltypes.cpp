@@ -6,8 +6,8 @@
 BOOL CRect::IntersectRect(LPCRECT lpRect1, LPCRECT lpRect2) noexcept
 {
     const CRect a(lpRect1), b(lpRect2);
-    CRect common(std::max(a.left, b.left), std::max(a.top, b.top),
-                 std::min(a.right, b.right), std::min(a.bottom, b.bottom));
+    CRect common(std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
+                 std::min(a.bottom, b.bottom));
     if (a.IsRectEmpty() || b.IsRectEmpty() || common.IsRectEmpty()) {
         SetRectEmpty();
         return FALSE;
@@ -31,8 +31,7 @@ BOOL CRect::UnionRect(LPCRECT lpRect1, LPCRECT lpRect2) noexcept
         CopyRect(&a);
         return TRUE;
     }
-    SetRect(std::min(a.left, b.left), std::min(a.top, b.top),
-            std::max(a.right, b.right), std::max(a.bottom, b.bottom));
+    SetRect(std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right), std::max(a.bottom, b.bottom));
     return TRUE;
 }
 

@@ -73,17 +73,9 @@ void CCmdTarget::RestoreWaitCursor()
 }
 
 CCmdUI::CCmdUI()
-    : m_nID(0),
-      m_nIndex(0),
-      m_pMenu(nullptr),
-      m_pSubMenu(nullptr),
-      m_pParentMenu(nullptr),
-      m_pOther(nullptr),
-      m_nIndexMax(0),
-      m_bEnableChanged(FALSE),
-      m_bContinueRouting(FALSE)
-{
-}
+    : m_nID(0), m_nIndex(0), m_pMenu(nullptr), m_pSubMenu(nullptr), m_pParentMenu(nullptr), m_pOther(nullptr),
+      m_nIndexMax(0), m_bEnableChanged(FALSE), m_bContinueRouting(FALSE)
+{}
 
 // With m_pMenu the item at m_nIndex changes (pop-up items, m_pSubMenu, are
 // left alone); else the control in m_pOther.

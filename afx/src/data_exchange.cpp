@@ -105,8 +105,7 @@ void SetControlText(HWND hWndCtrl, const char* pszText)
     const int nNewLen = static_cast<int>(std::strlen(pszText));
     char old[256];
     if (nNewLen < static_cast<int>(sizeof(old)) &&
-        ::GetWindowTextA(hWndCtrl, old, static_cast<int>(sizeof(old))) == nNewLen &&
-        std::strcmp(old, pszText) == 0)
+        ::GetWindowTextA(hWndCtrl, old, static_cast<int>(sizeof(old))) == nNewLen && std::strcmp(old, pszText) == 0)
         return;
     ::SetWindowTextA(hWndCtrl, pszText);
 }
@@ -186,8 +185,7 @@ CString NumberText(double value)
 
 CDataExchange::CDataExchange(CWnd* pDlgWnd, BOOL bSaveAndValidate)
     : m_bSaveAndValidate(bSaveAndValidate), m_pDlgWnd(pDlgWnd), m_idLastControl(0), m_bEditLastControl(FALSE)
-{
-}
+{}
 
 HWND CDataExchange::PrepareCtrl(int nIDC)
 {
@@ -340,8 +338,9 @@ void DDV_MinMaxInt(CDataExchange* pDX, int value, int minVal, int maxVal)
 void DDV_MinMaxLong(CDataExchange* pDX, long value, long minVal, long maxVal)
 {
     if (pDX->m_bSaveAndValidate && (value < minVal || value > maxVal))
-        FailWith(pDX, FormatPrompt(kIntRange, NumberText(static_cast<long long>(minVal)),
-                                   NumberText(static_cast<long long>(maxVal))),
+        FailWith(pDX,
+                 FormatPrompt(kIntRange, NumberText(static_cast<long long>(minVal)),
+                              NumberText(static_cast<long long>(maxVal))),
                  AFX_IDP_PARSE_INT_RANGE);
 }
 
@@ -353,8 +352,9 @@ void DDV_MinMaxUInt(CDataExchange* pDX, UINT value, UINT minVal, UINT maxVal)
 void DDV_MinMaxDWord(CDataExchange* pDX, DWORD value, DWORD minVal, DWORD maxVal)
 {
     if (pDX->m_bSaveAndValidate && (value < minVal || value > maxVal))
-        FailWith(pDX, FormatPrompt(kIntRange, NumberText(static_cast<unsigned long long>(minVal)),
-                                   NumberText(static_cast<unsigned long long>(maxVal))),
+        FailWith(pDX,
+                 FormatPrompt(kIntRange, NumberText(static_cast<unsigned long long>(minVal)),
+                              NumberText(static_cast<unsigned long long>(maxVal))),
                  AFX_IDP_PARSE_INT_RANGE);
 }
 

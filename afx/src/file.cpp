@@ -28,13 +28,9 @@ IMPLEMENT_DYNAMIC(CFile, CObject)
 
 const HANDLE CFile::hFileNull = NullHandle();
 
-CFile::CFile() : m_hFile(NullHandle()), m_bCloseOnDelete(FALSE)
-{
-}
+CFile::CFile() : m_hFile(NullHandle()), m_bCloseOnDelete(FALSE) {}
 
-CFile::CFile(HANDLE hFile) : m_hFile(hFile), m_bCloseOnDelete(FALSE)
-{
-}
+CFile::CFile(HANDLE hFile) : m_hFile(hFile), m_bCloseOnDelete(FALSE) {}
 
 CFile::CFile(LPCTSTR lpszFileName, UINT nOpenFlags) : CFile()
 {

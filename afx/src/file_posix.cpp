@@ -31,9 +31,15 @@ int OpenFlagsToPosix(UINT nOpenFlags)
 {
     int flags = 0;
     switch (nOpenFlags & kAccessMask) {
-    case CFile::modeWrite: flags = O_WRONLY; break;
-    case CFile::modeReadWrite: flags = O_RDWR; break;
-    default: flags = O_RDONLY; break;
+    case CFile::modeWrite:
+        flags = O_WRONLY;
+        break;
+    case CFile::modeReadWrite:
+        flags = O_RDWR;
+        break;
+    default:
+        flags = O_RDONLY;
+        break;
     }
     if (nOpenFlags & CFile::modeCreate) {
         flags |= O_CREAT;
@@ -131,10 +137,17 @@ ULONGLONG CFile::Seek(LONGLONG lOff, UINT nFrom)
 {
     int whence = SEEK_SET;
     switch (nFrom) {
-    case begin: whence = SEEK_SET; break;
-    case current: whence = SEEK_CUR; break;
-    case end: whence = SEEK_END; break;
-    default: AfxThrowInvalidArgException();
+    case begin:
+        whence = SEEK_SET;
+        break;
+    case current:
+        whence = SEEK_CUR;
+        break;
+    case end:
+        whence = SEEK_END;
+        break;
+    default:
+        AfxThrowInvalidArgException();
     }
     const off_t pos = ::lseek(FdFromHandle(m_hFile), static_cast<off_t>(lOff), whence);
     if (pos < 0) {
@@ -157,7 +170,8 @@ ULONGLONG CFile::GetPosition() const
 
 ULONGLONG CFile::GetLength() const
 {
-    struct stat st {};
+    struct stat st
+    {};
     if (::fstat(FdFromHandle(m_hFile), &st) != 0)
         CFileException::ThrowErrno(errno, m_strFileName);
     return static_cast<ULONGLONG>(st.st_size);

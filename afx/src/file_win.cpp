@@ -6,7 +6,11 @@ namespace {
 constexpr UINT kAccessMask = CFile::modeRead | CFile::modeWrite | CFile::modeReadWrite;
 constexpr UINT kShareMask = 0x70;
 
-struct FlagMapping { UINT flag; DWORD value; };
+struct FlagMapping
+{
+    UINT flag;
+    DWORD value;
+};
 
 constexpr FlagMapping kShareModes[] = {
     {CFile::shareCompat, 0},
@@ -26,9 +30,12 @@ constexpr FlagMapping kOsFlags[] = {
 DWORD AccessOf(UINT nOpenFlags)
 {
     switch (nOpenFlags & kAccessMask) {
-    case CFile::modeWrite: return GENERIC_WRITE;
-    case CFile::modeReadWrite: return GENERIC_READ | GENERIC_WRITE;
-    default: return GENERIC_READ;
+    case CFile::modeWrite:
+        return GENERIC_WRITE;
+    case CFile::modeReadWrite:
+        return GENERIC_READ | GENERIC_WRITE;
+    default:
+        return GENERIC_READ;
     }
 }
 
@@ -75,8 +82,8 @@ HANDLE AfxFileOpen(LPCTSTR lpszFileName, UINT nOpenFlags, LONG& error)
     SECURITY_ATTRIBUTES sa = {};
     sa.nLength = sizeof sa;
     sa.bInheritHandle = (nOpenFlags & CFile::modeNoInherit) ? FALSE : TRUE;
-    HANDLE h = CreateFileA(lpszFileName, AccessOf(nOpenFlags), ShareOf(nOpenFlags), &sa,
-                           CreationOf(nOpenFlags), AttributesOf(nOpenFlags), nullptr);
+    HANDLE h = CreateFileA(lpszFileName, AccessOf(nOpenFlags), ShareOf(nOpenFlags), &sa, CreationOf(nOpenFlags),
+                           AttributesOf(nOpenFlags), nullptr);
     if (h == INVALID_HANDLE_VALUE) {
         error = LastError();
         return CFile::hFileNull;
@@ -127,10 +134,17 @@ ULONGLONG CFile::Seek(LONGLONG lOff, UINT nFrom)
 {
     DWORD method = FILE_BEGIN;
     switch (nFrom) {
-    case begin: method = FILE_BEGIN; break;
-    case current: method = FILE_CURRENT; break;
-    case end: method = FILE_END; break;
-    default: AfxThrowInvalidArgException();
+    case begin:
+        method = FILE_BEGIN;
+        break;
+    case current:
+        method = FILE_CURRENT;
+        break;
+    case end:
+        method = FILE_END;
+        break;
+    default:
+        AfxThrowInvalidArgException();
     }
     LARGE_INTEGER distance;
     distance.QuadPart = lOff;

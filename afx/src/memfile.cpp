@@ -8,10 +8,9 @@
 IMPLEMENT_DYNAMIC(CMemFile, CFile)
 
 CMemFile::CMemFile(UINT nGrowBytes)
-    : m_nGrowBytes(nGrowBytes), m_nPosition(0), m_nBufferSize(0), m_nFileSize(0),
-      m_lpBuffer(nullptr), m_bAutoDelete(TRUE)
-{
-}
+    : m_nGrowBytes(nGrowBytes), m_nPosition(0), m_nBufferSize(0), m_nFileSize(0), m_lpBuffer(nullptr),
+      m_bAutoDelete(TRUE)
+{}
 
 CMemFile::CMemFile(BYTE* lpBuffer, UINT nBufferSize, UINT nGrowBytes) : CMemFile(nGrowBytes)
 {
@@ -91,13 +90,19 @@ ULONGLONG CMemFile::Seek(LONGLONG lOff, UINT nFrom)
 {
     LONGLONG base = 0;
     switch (nFrom) {
-    case begin: base = 0; break;
-    case current: base = static_cast<LONGLONG>(m_nPosition); break;
-    case end: base = static_cast<LONGLONG>(m_nFileSize); break;
-    default: AfxThrowInvalidArgException();
+    case begin:
+        base = 0;
+        break;
+    case current:
+        base = static_cast<LONGLONG>(m_nPosition);
+        break;
+    case end:
+        base = static_cast<LONGLONG>(m_nFileSize);
+        break;
+    default:
+        AfxThrowInvalidArgException();
     }
-    if ((lOff < 0 && base + lOff < 0) ||
-        (lOff > 0 && base > std::numeric_limits<LONGLONG>::max() - lOff))
+    if ((lOff < 0 && base + lOff < 0) || (lOff > 0 && base > std::numeric_limits<LONGLONG>::max() - lOff))
         AfxThrowFileException(CFileException::badSeek);
     m_nPosition = static_cast<SIZE_T>(base + lOff);
     return m_nPosition;
@@ -127,9 +132,7 @@ void CMemFile::SetLength(ULONGLONG dwNewLen)
     m_nFileSize = nNewLen;
 }
 
-void CMemFile::Flush()
-{
-}
+void CMemFile::Flush() {}
 
 void CMemFile::Close()
 {

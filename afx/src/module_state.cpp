@@ -28,15 +28,10 @@ std::mutex& AfxChainLock()
 }
 
 AFX_MODULE_STATE::AFX_MODULE_STATE()
-    : m_pCurrentWinApp(nullptr),
-      m_hCurrentInstanceHandle(GetModuleHandleA(nullptr)),
-      m_hCurrentResourceHandle(m_hCurrentInstanceHandle),
-      m_lpszCurrentAppName(nullptr),
-      m_bDLL(FALSE),
-      m_bSystem(FALSE),
-      m_pFirstDLL(nullptr)
-{
-}
+    : m_pCurrentWinApp(nullptr), m_hCurrentInstanceHandle(GetModuleHandleA(nullptr)),
+      m_hCurrentResourceHandle(m_hCurrentInstanceHandle), m_lpszCurrentAppName(nullptr), m_bDLL(FALSE),
+      m_bSystem(FALSE), m_pFirstDLL(nullptr)
+{}
 
 AFX_MODULE_STATE* AfxGetModuleState()
 {

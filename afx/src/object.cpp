@@ -127,8 +127,7 @@ AFX_CLASSINIT::~AFX_CLASSINIT()
     }
 }
 
-CRuntimeClass CObject::classCObject = {
-    "CObject", int(sizeof(CObject)), AFX_NO_SCHEMA, nullptr, &NoBaseClass, nullptr};
+CRuntimeClass CObject::classCObject = {"CObject", int(sizeof(CObject)), AFX_NO_SCHEMA, nullptr, &NoBaseClass, nullptr};
 static const AFX_CLASSINIT _init_CObject(&CObject::classCObject);
 
 CRuntimeClass* PASCAL CObject::GetThisClass()
@@ -151,18 +150,13 @@ BOOL CObject::IsSerializable() const
     return GetRuntimeClass()->m_wSchema != AFX_NO_SCHEMA;
 }
 
-void CObject::Serialize(CArchive&)
-{
-}
+void CObject::Serialize(CArchive&) {}
 
-void CObject::AssertValid() const
-{
-}
+void CObject::AssertValid() const {}
 
 void CObject::Dump(CDumpContext& dc) const
 {
-    dc << "a " << GetRuntimeClass()->m_lpszClassName << " at " << static_cast<const void*>(this)
-       << "\n";
+    dc << "a " << GetRuntimeClass()->m_lpszClassName << " at " << static_cast<const void*>(this) << "\n";
 }
 
 CObject* AfxDynamicDownCast(CRuntimeClass* pClass, CObject* pObject)
@@ -179,9 +173,7 @@ CObject* AfxStaticDownCast(CRuntimeClass* pClass, CObject* pObject)
 
 CDumpContext afxDump;
 
-CDumpContext::CDumpContext(CFile* pFile) : m_pFile(pFile), m_nDepth(0)
-{
-}
+CDumpContext::CDumpContext(CFile* pFile) : m_pFile(pFile), m_nDepth(0) {}
 
 int CDumpContext::GetDepth() const
 {
@@ -224,8 +216,7 @@ CDumpContext& CDumpContext::operator<<(LPCSTR lpsz)
 CDumpContext& CDumpContext::operator<<(const void* lp)
 {
     char sz[32];
-    std::snprintf(sz, sizeof sz, "$%llX", static_cast<unsigned long long>(
-                                              reinterpret_cast<std::uintptr_t>(lp)));
+    std::snprintf(sz, sizeof sz, "$%llX", static_cast<unsigned long long>(reinterpret_cast<std::uintptr_t>(lp)));
     OutputString(sz);
     return *this;
 }

@@ -38,8 +38,8 @@ HKEY CreateSubKey(HKEY parent, LPCTSTR name)
     if (parent == nullptr || name == nullptr)
         return nullptr;
     DWORD disposition = 0;
-    if (RegCreateKeyExA(parent, name, 0, nullptr, REG_OPTION_NON_VOLATILE, kKeyAccess, nullptr, &key,
-                        &disposition) != ERROR_SUCCESS)
+    if (RegCreateKeyExA(parent, name, 0, nullptr, REG_OPTION_NON_VOLATILE, kKeyAccess, nullptr, &key, &disposition) !=
+        ERROR_SUCCESS)
         return nullptr;
     return key;
 }

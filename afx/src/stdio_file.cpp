@@ -22,10 +22,8 @@ bool IsAppendMode(UINT nOpenFlags)
 
 IMPLEMENT_DYNAMIC(CStdioFile, CFile)
 
-CStdioFile::CStdioFile()
-    : m_bText(TRUE), m_bAppend(FALSE), m_bAtTextEnd(FALSE), m_nBufPos(0), m_nBufEnd(0), m_buffer()
-{
-}
+CStdioFile::CStdioFile() : m_bText(TRUE), m_bAppend(FALSE), m_bAtTextEnd(FALSE), m_nBufPos(0), m_nBufEnd(0), m_buffer()
+{}
 
 CStdioFile::CStdioFile(LPCTSTR lpszFileName, UINT nOpenFlags) : CStdioFile()
 {

@@ -29,7 +29,11 @@ constexpr std::pair<unsigned char, unsigned char> kScatteredLetters[] = {
 constexpr unsigned char kMultiplicationSign = 0xD7;
 constexpr unsigned char kDivisionSign = 0xF7;
 
-enum class Case { upper, lower };
+enum class Case
+{
+    upper,
+    lower
+};
 
 constexpr std::array<unsigned char, 256> MakeCaseTable(Case to)
 {
@@ -66,7 +70,10 @@ constexpr auto kToLower = MakeCaseTable(Case::lower);
 static_assert(kToUpper[kDivisionSign] == kDivisionSign && kToLower[kMultiplicationSign] == kMultiplicationSign);
 static_assert(kToUpper[0xDF] == 0xDF && kToUpper[0xB5] == 0xB5);
 
-unsigned char Lower(char ch) { return kToLower[static_cast<unsigned char>(ch)]; }
+unsigned char Lower(char ch)
+{
+    return kToLower[static_cast<unsigned char>(ch)];
+}
 
 // ---- blocks --------------------------------------------------------------
 
@@ -82,8 +89,14 @@ struct NilBlock
 constinit NilBlock g_nil{{{2}, 0, 0}, {'\0'}};
 static_assert(offsetof(NilBlock, chars) == sizeof(CStringData));
 
-char* CharsOf(CStringData* data) { return reinterpret_cast<char*>(data + 1); }
-bool IsNil(const CStringData* data) { return data == &g_nil.header; }
+char* CharsOf(CStringData* data)
+{
+    return reinterpret_cast<char*>(data + 1);
+}
+bool IsNil(const CStringData* data)
+{
+    return data == &g_nil.header;
+}
 
 bool IsOwned(const CStringData* data)
 {
@@ -114,8 +127,7 @@ void ReleaseData(CStringData* data) noexcept
 {
     if (data == nullptr || IsNil(data))
         return;
-    if (data->refs.load(std::memory_order_relaxed) == -1 ||
-        data->refs.fetch_sub(1, std::memory_order_acq_rel) == 1) {
+    if (data->refs.load(std::memory_order_relaxed) == -1 || data->refs.fetch_sub(1, std::memory_order_acq_rel) == 1) {
         data->~CStringData();
         ::operator delete(data);
     }
@@ -154,7 +166,10 @@ int CheckedSum(int a, long long b)
 
 // ---- byte helpers --------------------------------------------------------
 
-int Sign(int value) { return (value > 0) - (value < 0); }
+int Sign(int value)
+{
+    return (value > 0) - (value < 0);
+}
 
 int CompareBytes(const char* a, std::size_t lengthA, const char* b, std::size_t lengthB)
 {
@@ -211,13 +226,15 @@ private:
     std::array<bool, 256> m_has{};
 };
 
-bool IsSpace(char ch) { return ch == ' ' || (ch >= '\t' && ch <= '\r'); }
+bool IsSpace(char ch)
+{
+    return ch == ' ' || (ch >= '\t' && ch <= '\r');
+}
 
 bool PointsInto(const char* p, const char* begin, const char* end)
 {
     const auto address = reinterpret_cast<std::uintptr_t>(p);
-    return address >= reinterpret_cast<std::uintptr_t>(begin) &&
-           address <= reinterpret_cast<std::uintptr_t>(end);
+    return address >= reinterpret_cast<std::uintptr_t>(begin) && address <= reinterpret_cast<std::uintptr_t>(end);
 }
 
 // Writes text with every old replaced by replacement into out; out may be
@@ -345,9 +362,15 @@ int MeasureFormatted(const char* format, va_list args)
 
 }  // namespace
 
-char AfxToUpper1252(char ch) { return static_cast<char>(kToUpper[static_cast<unsigned char>(ch)]); }
+char AfxToUpper1252(char ch)
+{
+    return static_cast<char>(kToUpper[static_cast<unsigned char>(ch)]);
+}
 
-char AfxToLower1252(char ch) { return static_cast<char>(kToLower[static_cast<unsigned char>(ch)]); }
+char AfxToLower1252(char ch)
+{
+    return static_cast<char>(kToLower[static_cast<unsigned char>(ch)]);
+}
 
 // ---- blocks and copy on write ----------------------------------------------
 
@@ -369,7 +392,10 @@ CStringData* CString::PrepareWrite(int minCapacity, int keep, bool grow)
     return old;
 }
 
-void CString::CopyBeforeWrite() { ReleaseData(PrepareWrite(GetLength(), GetLength(), false)); }
+void CString::CopyBeforeWrite()
+{
+    ReleaseData(PrepareWrite(GetLength(), GetLength(), false));
+}
 
 void CString::SetLength(int nLength) noexcept
 {
@@ -382,9 +408,15 @@ void CString::SetLength(int nLength) noexcept
 
 CString::CString() noexcept : m_pszData(g_nil.chars) {}
 
-CString::CString(const char* psz) : CString() { SetString(psz); }
+CString::CString(const char* psz) : CString()
+{
+    SetString(psz);
+}
 
-CString::CString(const char* pch, int nLength) : CString() { SetString(pch, nLength); }
+CString::CString(const char* pch, int nLength) : CString()
+{
+    SetString(pch, nLength);
+}
 
 CString::CString(char ch, int nRepeat) : CString()
 {
@@ -395,11 +427,20 @@ CString::CString(char ch, int nRepeat) : CString()
     SetLength(nRepeat);
 }
 
-CString::CString(const CString& src) : CString() { *this = src; }
+CString::CString(const CString& src) : CString()
+{
+    *this = src;
+}
 
-CString::CString(CString&& src) noexcept : m_pszData(src.m_pszData) { src.m_pszData = g_nil.chars; }
+CString::CString(CString&& src) noexcept : m_pszData(src.m_pszData)
+{
+    src.m_pszData = g_nil.chars;
+}
 
-CString::~CString() { ReleaseData(GetData()); }
+CString::~CString()
+{
+    ReleaseData(GetData());
+}
 
 CString& CString::operator=(const CString& src)
 {
@@ -448,7 +489,10 @@ void CString::Empty() noexcept
     ReleaseData(old);
 }
 
-void CString::SetString(const char* psz) { SetString(psz, CheckedLength(psz)); }
+void CString::SetString(const char* psz)
+{
+    SetString(psz, CheckedLength(psz));
+}
 
 void CString::SetString(const char* psz, int nLength)
 {
@@ -495,7 +539,10 @@ void CString::Append(const char* pszSrc, int nLength)
     SetLength(newLength);
 }
 
-void CString::Append(const char* psz) { Append(psz, CheckedLength(psz)); }
+void CString::Append(const char* psz)
+{
+    Append(psz, CheckedLength(psz));
+}
 
 void CString::Append(const CString& str)
 {
@@ -506,7 +553,10 @@ void CString::Append(const CString& str)
         Append(str.m_pszData, str.GetLength());
 }
 
-void CString::AppendChar(char ch) { Append(&ch, 1); }
+void CString::AppendChar(char ch)
+{
+    Append(&ch, 1);
+}
 
 CString& CString::operator+=(const CString& str)
 {
@@ -562,9 +612,15 @@ CString operator+(const char* psz1, const CString& str2)
     return Concatenate(psz1, CheckedLength(psz1), str2.GetString(), str2.GetLength());
 }
 
-CString operator+(const CString& str1, char ch2) { return Concatenate(str1.GetString(), str1.GetLength(), &ch2, 1); }
+CString operator+(const CString& str1, char ch2)
+{
+    return Concatenate(str1.GetString(), str1.GetLength(), &ch2, 1);
+}
 
-CString operator+(char ch1, const CString& str2) { return Concatenate(&ch1, 1, str2.GetString(), str2.GetLength()); }
+CString operator+(char ch1, const CString& str2)
+{
+    return Concatenate(&ch1, 1, str2.GetString(), str2.GetLength());
+}
 
 // ---- comparing -------------------------------------------------------------
 
@@ -592,7 +648,10 @@ int CString::CompareNoCase(const CString& str) const
                          static_cast<std::size_t>(str.GetLength()));
 }
 
-int CString::Collate(const char* psz) const { return Sign(std::strcoll(m_pszData, psz != nullptr ? psz : "")); }
+int CString::Collate(const char* psz) const
+{
+    return Sign(std::strcoll(m_pszData, psz != nullptr ? psz : ""));
+}
 
 int CString::CollateNoCase(const char* psz) const
 {
@@ -621,7 +680,10 @@ CString CString::Mid(int nFirst, int nCount) const
     return CString(m_pszData + first, count);
 }
 
-CString CString::Left(int nCount) const { return Mid(0, nCount); }
+CString CString::Left(int nCount) const
+{
+    return Mid(0, nCount);
+}
 
 CString CString::Right(int nCount) const
 {
@@ -693,7 +755,8 @@ int CString::Replace(const char* pszOld, const char* pszNew)
     const int length = GetLength();
 
     int count = 0;
-    for (int hit = 0; (hit = FindBytes(m_pszData, length, hit, old.data(), old.size())) >= 0; hit += static_cast<int>(old.size()))
+    for (int hit = 0; (hit = FindBytes(m_pszData, length, hit, old.data(), old.size())) >= 0;
+         hit += static_cast<int>(old.size()))
         ++count;
     if (count == 0)
         return 0;
@@ -750,9 +813,15 @@ int CString::InsertBytes(int iIndex, const char* pch, int nLength)
     return newLength;
 }
 
-int CString::Insert(int iIndex, char ch) { return InsertBytes(iIndex, &ch, 1); }
+int CString::Insert(int iIndex, char ch)
+{
+    return InsertBytes(iIndex, &ch, 1);
+}
 
-int CString::Insert(int iIndex, const char* psz) { return InsertBytes(iIndex, psz, CheckedLength(psz)); }
+int CString::Insert(int iIndex, const char* psz)
+{
+    return InsertBytes(iIndex, psz, CheckedLength(psz));
+}
 
 int CString::Delete(int iIndex, int nCount)
 {
@@ -806,7 +875,12 @@ int CString::FindOneOf(const char* pszCharSet) const
 
 namespace {
 
-enum TrimSides { kLeft = 1, kRight = 2, kBoth = kLeft | kRight };
+enum TrimSides
+{
+    kLeft = 1,
+    kRight = 2,
+    kBoth = kLeft | kRight
+};
 
 template <class Pred>
 void TrimWhere(CString& text, int sides, Pred trimmed)
@@ -907,7 +981,10 @@ CString CString::Tokenize(const char* pszTokens, int& iStart) const
 
 // ---- buffers ---------------------------------------------------------------
 
-char* CString::GetBuffer() { return GetBuffer(0); }
+char* CString::GetBuffer()
+{
+    return GetBuffer(0);
+}
 
 char* CString::GetBuffer(int nMinBufferLength)
 {

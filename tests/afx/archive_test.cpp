@@ -107,7 +107,12 @@ IMPLEMENT_DYNCREATE(CArchiveTestNotSerial, CObject)
 
 TEST(Archive, ValuesAreLittleEndianWithFixedSizes)
 {
-    struct { std::function<void(CArchive&)> store; Bytes bytes; const char* what; } cases[] = {
+    struct
+    {
+        std::function<void(CArchive&)> store;
+        Bytes bytes;
+        const char* what;
+    } cases[] = {
         {[](CArchive& ar) { ar << BYTE(0xAB); }, {0xAB}, "BYTE"},
         {[](CArchive& ar) { ar << WORD(0x1234); }, {0x34, 0x12}, "WORD"},
         {[](CArchive& ar) { ar << short(-2); }, {0xFE, 0xFF}, "short"},
@@ -119,10 +124,10 @@ TEST(Archive, ValuesAreLittleEndianWithFixedSizes)
         {[](CArchive& ar) { ar << true << false; }, {0x01, 0x00}, "bool"},
         {[](CArchive& ar) { ar << 1.0f; }, {0x00, 0x00, 0x80, 0x3F}, "float"},
         {[](CArchive& ar) { ar << 1.0; }, {0, 0, 0, 0, 0, 0, 0xF0, 0x3F}, "double"},
-        {[](CArchive& ar) { ar << LONGLONG(-2); }, {0xFE, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF},
-         "LONGLONG"},
+        {[](CArchive& ar) { ar << LONGLONG(-2); }, {0xFE, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}, "LONGLONG"},
         {[](CArchive& ar) { ar << ULONGLONG(0x0102030405060708ull); },
-         {0x08, 0x07, 0x06, 0x05, 0x04, 0x03, 0x02, 0x01}, "ULONGLONG"},
+         {0x08, 0x07, 0x06, 0x05, 0x04, 0x03, 0x02, 0x01},
+         "ULONGLONG"},
     };
     for (auto& c : cases)
         EXPECT_EQ(Stored(c.store), c.bytes) << c.what;
@@ -134,17 +139,26 @@ TEST(Archive, EveryOperatorRoundTripsThroughAnyBufferSize)
     for (int nBufSize : {1, 2, 3, 5, 16, 4096}) {
         const Bytes bytes = Stored(
             [&](CArchive& ar) {
-                ar << BYTE(200) << WORD(65000) << LONG(-123456) << DWORD(4000000000u) << -77
-                   << 4000000001u << short(-32768) << char('z') << true << 3.25f << -1.0e300
-                   << LONGLONG(-9000000000000000000LL) << ULONGLONG(18000000000000000000ull)
-                   << text << CString();
+                ar << BYTE(200) << WORD(65000) << LONG(-123456) << DWORD(4000000000u) << -77 << 4000000001u
+                   << short(-32768) << char('z') << true << 3.25f << -1.0e300 << LONGLONG(-9000000000000000000LL)
+                   << ULONGLONG(18000000000000000000ull) << text << CString();
             },
             nBufSize);
 
         Loader in(bytes, nBufSize);
-        BYTE by = 0; WORD w = 0; LONG l = 0; DWORD dw = 0; int i = 0; unsigned u = 0;
-        short sh = 0; char ch = 0; bool b = false; float f = 0; double d = 0;
-        LONGLONG ll = 0; ULONGLONG ull = 0;
+        BYTE by = 0;
+        WORD w = 0;
+        LONG l = 0;
+        DWORD dw = 0;
+        int i = 0;
+        unsigned u = 0;
+        short sh = 0;
+        char ch = 0;
+        bool b = false;
+        float f = 0;
+        double d = 0;
+        LONGLONG ll = 0;
+        ULONGLONG ull = 0;
         CString s1("old"), s2("old");
         *in.ar >> by >> w >> l >> dw >> i >> u >> sh >> ch >> b >> f >> d >> ll >> ull >> s1 >> s2;
         EXPECT_EQ(by, 200);
@@ -183,7 +197,11 @@ TEST(Archive, CallerBufferIsUsedAsTheArchiveBuffer)
 
 TEST(Archive, CountEncodingAtThresholds)
 {
-    struct { ULONGLONG count; Bytes bytes; } cases[] = {
+    struct
+    {
+        ULONGLONG count;
+        Bytes bytes;
+    } cases[] = {
         {0, {0x00, 0x00}},
         {0x1234, {0x34, 0x12}},
         {0xFFFE, {0xFE, 0xFF}},
@@ -192,8 +210,7 @@ TEST(Archive, CountEncodingAtThresholds)
         {0xFFFFFFFE, {0xFF, 0xFF, 0xFE, 0xFF, 0xFF, 0xFF}},
         {0xFFFFFFFF, {0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0, 0, 0, 0}},
         {0x100000000, {0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0, 0, 0, 0, 1, 0, 0, 0}},
-        {0x123456789ABCull,
-         {0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xBC, 0x9A, 0x78, 0x56, 0x34, 0x12, 0, 0}},
+        {0x123456789ABCull, {0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xBC, 0x9A, 0x78, 0x56, 0x34, 0x12, 0, 0}},
     };
     for (auto& c : cases) {
         const DWORD_PTR count = static_cast<DWORD_PTR>(c.count);
@@ -206,7 +223,11 @@ TEST(Archive, CountEncodingAtThresholds)
 
 TEST(Archive, StringLengthPrefixAtThresholds)
 {
-    struct { int length; Bytes prefix; } cases[] = {
+    struct
+    {
+        int length;
+        Bytes prefix;
+    } cases[] = {
         {0, {0x00}},
         {1, {0x01}},
         {254, {0xFE}},
@@ -248,7 +269,11 @@ TEST(Archive, StringKeepsEmbeddedNulAndHighBytes)
 
 TEST(Archive, WideStringIsNarrowedOnLoading)
 {
-    struct { Bytes bytes; const char* text; } cases[] = {
+    struct
+    {
+        Bytes bytes;
+        const char* text;
+    } cases[] = {
         {{0xFF, 0xFE, 0xFF, 0x03, 'A', 0x00, 0xE4, 0x00, 0xA9, 0x03}, "A\xE4?"},
         {{0xFF, 0xFE, 0xFF, 0x00}, ""},
         {{0xFF, 0xFE, 0xFF, 0xFF, 0x02, 0x00, 'h', 0x00, 'i', 0x00}, "hi"},
@@ -263,17 +288,55 @@ TEST(Archive, WideStringIsNarrowedOnLoading)
 
 TEST(Archive, ShortInputThrowsEndOfFile)
 {
-    struct { Bytes bytes; std::function<void(CArchive&)> load; const char* what; } cases[] = {
-        {{0x01, 0x02}, [](CArchive& ar) { int i; ar >> i; }, "int from 2 bytes"},
-        {{}, [](CArchive& ar) { BYTE b; ar >> b; }, "BYTE from nothing"},
-        {{0x01, 0x02, 0x03}, [](CArchive& ar) { double d; ar >> d; }, "double from 3 bytes"},
-        {{0x05, 'a', 'b'}, [](CArchive& ar) { CString s; ar >> s; }, "string body cut"},
-        {{0xFF, 0xFF}, [](CArchive& ar) { CString s; ar >> s; }, "string length cut"},
+    struct
+    {
+        Bytes bytes;
+        std::function<void(CArchive&)> load;
+        const char* what;
+    } cases[] = {
+        {{0x01, 0x02},
+         [](CArchive& ar) {
+             int i;
+             ar >> i;
+         },
+         "int from 2 bytes"},
+        {{},
+         [](CArchive& ar) {
+             BYTE b;
+             ar >> b;
+         },
+         "BYTE from nothing"},
+        {{0x01, 0x02, 0x03},
+         [](CArchive& ar) {
+             double d;
+             ar >> d;
+         },
+         "double from 3 bytes"},
+        {{0x05, 'a', 'b'},
+         [](CArchive& ar) {
+             CString s;
+             ar >> s;
+         },
+         "string body cut"},
+        {{0xFF, 0xFF},
+         [](CArchive& ar) {
+             CString s;
+             ar >> s;
+         },
+         "string length cut"},
         {{0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x7F, 'x'},
-         [](CArchive& ar) { CString s; ar >> s; }, "huge claimed length"},
+         [](CArchive& ar) {
+             CString s;
+             ar >> s;
+         },
+         "huge claimed length"},
         {{0xFF, 0xFF, 0x01, 0x00}, [](CArchive& ar) { ar.ReadCount(); }, "count cut"},
         {{0x01, 0x02, 0x03},
-         [](CArchive& ar) { BYTE b[4]; ar.EnsureRead(b, 4); }, "EnsureRead cut"},
+         [](CArchive& ar) {
+             BYTE b[4];
+             ar.EnsureRead(b, 4);
+         },
+         "EnsureRead cut"},
         {{0xFF, 0xFF, 0x01}, [](CArchive& ar) { ar.ReadObject(nullptr); }, "class record cut"},
     };
     for (auto& c : cases) {
@@ -294,12 +357,24 @@ TEST(Archive, ShortInputThrowsEndOfFile)
 TEST(Archive, WrongDirectionThrows)
 {
     const std::function<void(CArchive&)> loads[] = {
-        [](CArchive& ar) { int i; ar >> i; },
-        [](CArchive& ar) { BYTE b; ar.Read(&b, 1); },
+        [](CArchive& ar) {
+            int i;
+            ar >> i;
+        },
+        [](CArchive& ar) {
+            BYTE b;
+            ar.Read(&b, 1);
+        },
         [](CArchive& ar) { ar.ReadCount(); },
         [](CArchive& ar) { ar.ReadObject(nullptr); },
-        [](CArchive& ar) { CString s; ar >> s; },
-        [](CArchive& ar) { CString s; ar.ReadString(s); },
+        [](CArchive& ar) {
+            CString s;
+            ar >> s;
+        },
+        [](CArchive& ar) {
+            CString s;
+            ar.ReadString(s);
+        },
     };
     const std::function<void(CArchive&)> stores[] = {
         [](CArchive& ar) { ar << 1; },
@@ -322,16 +397,20 @@ TEST(Archive, WrongDirectionThrows)
 
 TEST(Archive, StoredDataReachesTheFileOnCloseOrDestruction)
 {
-    struct { UINT extraMode; std::function<void(CArchive&)> end; ULONGLONG length; const char* what; }
-        cases[] = {
-            {0, [](CArchive&) {}, 4, "destruction flushes"},
-            {CArchive::bNoFlushOnDelete, [](CArchive&) {}, 0, "no flush on delete"},
-            {0, [](CArchive& ar) { ar.Close(); }, 4, "close flushes"},
-            {CArchive::bNoFlushOnDelete, [](CArchive& ar) { ar.Close(); }, 4,
-             "close flushes even without flush on delete"},
-            {0, [](CArchive& ar) { ar.Flush(); }, 4, "flush"},
-            {0, [](CArchive& ar) { ar.Abort(); }, 0, "abort discards"},
-        };
+    struct
+    {
+        UINT extraMode;
+        std::function<void(CArchive&)> end;
+        ULONGLONG length;
+        const char* what;
+    } cases[] = {
+        {0, [](CArchive&) {}, 4, "destruction flushes"},
+        {CArchive::bNoFlushOnDelete, [](CArchive&) {}, 0, "no flush on delete"},
+        {0, [](CArchive& ar) { ar.Close(); }, 4, "close flushes"},
+        {CArchive::bNoFlushOnDelete, [](CArchive& ar) { ar.Close(); }, 4, "close flushes even without flush on delete"},
+        {0, [](CArchive& ar) { ar.Flush(); }, 4, "flush"},
+        {0, [](CArchive& ar) { ar.Abort(); }, 0, "abort discards"},
+    };
     for (auto& c : cases) {
         CMemFile file;
         {
@@ -430,13 +509,14 @@ TEST(Archive, ObjectsUseThePersistentObjectFormat)
         ar << static_cast<const CObject*>(nullptr);
     });
     const Bytes expected = Concat({
-        {0xFF, 0xFF, 0x01, 0x00, 0x10, 0x00}, TextBytes("CArchiveTestNode"),  // new class, 1
-        {0x05, 0x00, 0x00, 0x00},                                             // head (2)
-        {0x01, 0x80},                                                         // class 1
-        {0x07, 0x00, 0x00, 0x00},                                             // tail (3)
-        {0x00, 0x00},                                                         // tail's next
-        {0x03, 0x00},                                                         // tail again
-        {0x00, 0x00},                                                         // NULL
+        {0xFF, 0xFF, 0x01, 0x00, 0x10, 0x00},
+        TextBytes("CArchiveTestNode"),  // new class, 1
+        {0x05, 0x00, 0x00, 0x00},       // head (2)
+        {0x01, 0x80},                   // class 1
+        {0x07, 0x00, 0x00, 0x00},       // tail (3)
+        {0x00, 0x00},                   // tail's next
+        {0x03, 0x00},                   // tail again
+        {0x00, 0x00},                   // NULL
     });
     EXPECT_EQ(bytes, expected);
 
@@ -492,25 +572,31 @@ TEST(Archive, ReadObjectRejectsBadInput)
         CArchiveTestNode n(1, nullptr);
         ar << &n;
     });
-    const Bytes badSchema = Concat({{0xFF, 0xFF, 0x02, 0x00, 0x10, 0x00},
-                                    TextBytes("CArchiveTestNode"), {1, 0, 0, 0, 0, 0}});
+    const Bytes badSchema =
+        Concat({{0xFF, 0xFF, 0x02, 0x00, 0x10, 0x00}, TextBytes("CArchiveTestNode"), {1, 0, 0, 0, 0, 0}});
     const Bytes unknownClass = Concat({{0xFF, 0xFF, 0x01, 0x00, 0x03, 0x00}, TextBytes("Zzz")});
     const Bytes hugeName = {0xFF, 0xFF, 0x01, 0x00, 0xFF, 0x7F, 'a'};
     const Bytes backToClass = Concat({node, {0x01, 0x00}});
     const Bytes classAsObject = Concat({node, {0x02, 0x80}});
 
-    struct { Bytes bytes; CRuntimeClass* requested; int reads; int cause; const char* what; }
-        cases[] = {
-            {node, RUNTIME_CLASS(CArchiveTestOther), 1, CArchiveException::badClass, "other class"},
-            {badSchema, nullptr, 1, CArchiveException::badSchema, "schema 2 for 1"},
-            {unknownClass, nullptr, 1, CArchiveException::badClass, "unknown class"},
-            {hugeName, nullptr, 1, CArchiveException::badClass, "name too long"},
-            {{0x05, 0x00}, nullptr, 1, CArchiveException::badIndex, "unknown object"},
-            {{0x03, 0x80}, nullptr, 1, CArchiveException::badIndex, "unknown class index"},
-            {{0xFF, 0x7F, 9, 0, 0, 0}, nullptr, 1, CArchiveException::badIndex, "big unknown"},
-            {backToClass, nullptr, 2, CArchiveException::badIndex, "object tag names a class"},
-            {classAsObject, nullptr, 2, CArchiveException::badIndex, "class tag names an object"},
-        };
+    struct
+    {
+        Bytes bytes;
+        CRuntimeClass* requested;
+        int reads;
+        int cause;
+        const char* what;
+    } cases[] = {
+        {node, RUNTIME_CLASS(CArchiveTestOther), 1, CArchiveException::badClass, "other class"},
+        {badSchema, nullptr, 1, CArchiveException::badSchema, "schema 2 for 1"},
+        {unknownClass, nullptr, 1, CArchiveException::badClass, "unknown class"},
+        {hugeName, nullptr, 1, CArchiveException::badClass, "name too long"},
+        {{0x05, 0x00}, nullptr, 1, CArchiveException::badIndex, "unknown object"},
+        {{0x03, 0x80}, nullptr, 1, CArchiveException::badIndex, "unknown class index"},
+        {{0xFF, 0x7F, 9, 0, 0, 0}, nullptr, 1, CArchiveException::badIndex, "big unknown"},
+        {backToClass, nullptr, 2, CArchiveException::badIndex, "object tag names a class"},
+        {classAsObject, nullptr, 2, CArchiveException::badIndex, "class tag names an object"},
+    };
     for (auto& c : cases) {
         Loader in(c.bytes);
         std::vector<std::unique_ptr<CObject>> loaded;

@@ -108,7 +108,10 @@ template class CArray<CColorLike, CColorLike&>;
 
 TEST(CArray, FirstAllocationTakesTheLargerOfSizeAndGrowBy)
 {
-    struct { INT_PTR growBy, size, capacity; } cases[] = {
+    struct
+    {
+        INT_PTR growBy, size, capacity;
+    } cases[] = {
         {-1, 5, 5}, {0, 5, 5}, {10, 3, 10}, {2, 7, 7}, {16, 16, 16}, {100, 0, 0},
     };
     for (auto& c : cases) {
@@ -123,16 +126,19 @@ TEST(CArray, FirstAllocationTakesTheLargerOfSizeAndGrowBy)
 
 TEST(CArray, GrowthStepIsGrowByOrAnEighthOfTheSizeBetween4And1024)
 {
-    struct { INT_PTR size, growBy, newSize, capacity; } cases[] = {
-        {1, 0, 2, 5},            // 1/8 = 0, raised to 4
-        {40, 0, 41, 45},         // 5
-        {80, 0, 81, 90},         // 10
-        {8000, 0, 8001, 9000},   // 1000
-        {8199, 0, 8200, 9223},   // 1024 exactly
-        {16000, 0, 16001, 17024},// 2000, lowered to 1024
+    struct
+    {
+        INT_PTR size, growBy, newSize, capacity;
+    } cases[] = {
+        {1, 0, 2, 5},              // 1/8 = 0, raised to 4
+        {40, 0, 41, 45},           // 5
+        {80, 0, 81, 90},           // 10
+        {8000, 0, 8001, 9000},     // 1000
+        {8199, 0, 8200, 9223},     // 1024 exactly
+        {16000, 0, 16001, 17024},  // 2000, lowered to 1024
         {10, 3, 11, 13},
         {10, 1, 11, 11},
-        {8, 0, 100, 100},        // a bigger request wins over the step
+        {8, 0, 100, 100},  // a bigger request wins over the step
         {8, 50, 20, 58},
     };
     for (auto& c : cases) {
@@ -184,7 +190,11 @@ TEST(CArray, InsertAndRemoveAtBothEndsAndInTheMiddle)
     CArray<int> a, other;
     Fill(a, {1, 2, 3});
     Fill(other, {40, 50});
-    struct { std::function<void()> step; std::vector<int> after; } steps[] = {
+    struct
+    {
+        std::function<void()> step;
+        std::vector<int> after;
+    } steps[] = {
         {[&] { a.InsertAt(0, 9); }, {9, 1, 2, 3}},
         {[&] { a.InsertAt(4, 8); }, {9, 1, 2, 3, 8}},
         {[&] { a.InsertAt(2, 7, 3); }, {9, 1, 7, 7, 7, 2, 3, 8}},
@@ -215,7 +225,11 @@ TEST(CArray, EveryAccessorRejectsBadIndices)
     Fill(a, {1, 2, 3});
     Fill(other, {9});
     const CArray<int>& ca = a;
-    struct { const char* what; std::function<void()> call; } cases[] = {
+    struct
+    {
+        const char* what;
+        std::function<void()> call;
+    } cases[] = {
         {"GetAt(-1)", [&] { a.GetAt(-1); }},
         {"GetAt(size)", [&] { a.GetAt(3); }},
         {"const GetAt(size)", [&] { ca.GetAt(3); }},
@@ -302,22 +316,20 @@ TEST(CArray, ArgumentThatIsAnElementOfTheSameArraySurvives)
 
     reset();
     a.InsertAt(0, a[2], 3);
-    EXPECT_EQ(Contents(a), (std::vector<std::string>{Long('c'), Long('c'), Long('c'), Long('a'),
-                                                     Long('b'), Long('c')}));
+    EXPECT_EQ(Contents(a),
+              (std::vector<std::string>{Long('c'), Long('c'), Long('c'), Long('a'), Long('b'), Long('c')}));
 
     reset();
     a.SetSize(3, 10);
     a.Add(Long('d'));
     ASSERT_GT(a.Capacity(), a.GetSize());
     a.InsertAt(1, a[2]);
-    EXPECT_EQ(Contents(a), (std::vector<std::string>{Long('a'), Long('c'), Long('b'), Long('c'),
-                                                     Long('d')}))
+    EXPECT_EQ(Contents(a), (std::vector<std::string>{Long('a'), Long('c'), Long('b'), Long('c'), Long('d')}))
         << "InsertAt shifting without reallocation";
 
     reset();
     a.InsertAt(1, &a);
-    EXPECT_EQ(Contents(a), (std::vector<std::string>{Long('a'), Long('a'), Long('b'), Long('c'),
-                                                     Long('b'), Long('c')}))
+    EXPECT_EQ(Contents(a), (std::vector<std::string>{Long('a'), Long('a'), Long('b'), Long('c'), Long('b'), Long('c')}))
         << "inserting the array into itself";
 }
 
@@ -362,8 +374,7 @@ TEST(CArray, SerializeRoundTripsPlainValues)
     Fill(a, {1, -2, 0x12345678});
     CMemFile file;
     Store(file, a);
-    const std::vector<BYTE> expected = {3, 0, 1, 0, 0, 0, 0xFE, 0xFF, 0xFF, 0xFF,
-                                        0x78, 0x56, 0x34, 0x12};
+    const std::vector<BYTE> expected = {3, 0, 1, 0, 0, 0, 0xFE, 0xFF, 0xFF, 0xFF, 0x78, 0x56, 0x34, 0x12};
     EXPECT_EQ(FileBytes(file), expected);
 
     CArray<int> b;
@@ -392,7 +403,11 @@ TEST(CArray, SerializeRoundTripsPlainValues)
 
 TEST(CArray, SerializeCountUsesTheLongFormFrom0xFFFF)
 {
-    struct { INT_PTR count; std::vector<BYTE> head; } cases[] = {
+    struct
+    {
+        INT_PTR count;
+        std::vector<BYTE> head;
+    } cases[] = {
         {0xFFFE, {0xFE, 0xFF}},
         {0xFFFF, {0xFF, 0xFF, 0xFF, 0xFF, 0x00, 0x00}},
         {0x10000, {0xFF, 0xFF, 0x00, 0x00, 0x01, 0x00}},

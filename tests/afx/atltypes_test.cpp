@@ -117,13 +117,14 @@ TEST(CRect, ConstructorsAndMeasures)
 
 TEST(CRect, EmptyAndNullAreDifferentQuestions)
 {
-    struct { CRect r; bool empty; bool null; } cases[] = {
-        {CRect(0, 0, 0, 0), true, true},
-        {CRect(1, 1, 1, 5), true, false},
-        {CRect(1, 1, 5, 1), true, false},
-        {CRect(5, 1, 1, 5), true, false},
-        {CRect(1, 5, 5, 1), true, false},
-        {CRect(0, 0, 1, 1), false, false},
+    struct
+    {
+        CRect r;
+        bool empty;
+        bool null;
+    } cases[] = {
+        {CRect(0, 0, 0, 0), true, true},       {CRect(1, 1, 1, 5), true, false}, {CRect(1, 1, 5, 1), true, false},
+        {CRect(5, 1, 1, 5), true, false},      {CRect(1, 5, 5, 1), true, false}, {CRect(0, 0, 1, 1), false, false},
         {CRect(-5, -5, -4, -4), false, false},
     };
     for (auto& c : cases) {
@@ -135,8 +136,12 @@ TEST(CRect, EmptyAndNullAreDifferentQuestions)
 TEST(CRect, PtInRectExcludesRightAndBottomEdges)
 {
     const CRect r(10, 20, 30, 40);
-    struct { int x, y; bool inside; } cases[] = {
-        {10, 20, true}, {29, 39, true}, {30, 20, false}, {10, 40, false},
+    struct
+    {
+        int x, y;
+        bool inside;
+    } cases[] = {
+        {10, 20, true}, {29, 39, true},  {30, 20, false}, {10, 40, false},
         {9, 25, false}, {15, 19, false}, {29, 40, false}, {30, 39, false},
     };
     for (auto& c : cases)
@@ -243,13 +248,18 @@ TEST(CRect, OperatorsOffsetInflateAndCombine)
 
 TEST(CRect, IntersectRectFollowsWin32)
 {
-    struct { RECT a, b; BOOL ok; RECT out; } cases[] = {
+    struct
+    {
+        RECT a, b;
+        BOOL ok;
+        RECT out;
+    } cases[] = {
         {{0, 0, 10, 10}, {5, 5, 15, 15}, TRUE, {5, 5, 10, 10}},
         {{0, 0, 10, 10}, {2, 2, 4, 4}, TRUE, {2, 2, 4, 4}},
-        {{0, 0, 10, 10}, {10, 0, 20, 10}, FALSE, {0, 0, 0, 0}},   // touching edge
+        {{0, 0, 10, 10}, {10, 0, 20, 10}, FALSE, {0, 0, 0, 0}},  // touching edge
         {{0, 0, 10, 10}, {20, 20, 30, 30}, FALSE, {0, 0, 0, 0}},
-        {{0, 0, 10, 10}, {5, 5, 5, 8}, FALSE, {0, 0, 0, 0}},      // empty input
-        {{10, 10, 0, 0}, {0, 0, 10, 10}, FALSE, {0, 0, 0, 0}},    // unnormalized input
+        {{0, 0, 10, 10}, {5, 5, 5, 8}, FALSE, {0, 0, 0, 0}},    // empty input
+        {{10, 10, 0, 0}, {0, 0, 10, 10}, FALSE, {0, 0, 0, 0}},  // unnormalized input
         {{-10, -10, 0, 0}, {-5, -20, 5, -8}, TRUE, {-5, -10, 0, -8}},
     };
     for (auto& c : cases) {
@@ -264,7 +274,12 @@ TEST(CRect, IntersectRectFollowsWin32)
 
 TEST(CRect, UnionRectIgnoresEmptyInputs)
 {
-    struct { RECT a, b; BOOL ok; RECT out; } cases[] = {
+    struct
+    {
+        RECT a, b;
+        BOOL ok;
+        RECT out;
+    } cases[] = {
         {{0, 0, 10, 10}, {5, 5, 15, 15}, TRUE, {0, 0, 15, 15}},
         {{0, 0, 10, 10}, {20, 30, 40, 50}, TRUE, {0, 0, 40, 50}},
         {{0, 0, 10, 10}, {100, 100, 100, 200}, TRUE, {0, 0, 10, 10}},
@@ -284,7 +299,12 @@ TEST(CRect, UnionRectIgnoresEmptyInputs)
 
 TEST(CRect, SubtractRectCutsOnlyAcrossAWholeSide)
 {
-    struct { RECT a, b; BOOL ok; RECT out; } cases[] = {
+    struct
+    {
+        RECT a, b;
+        BOOL ok;
+        RECT out;
+    } cases[] = {
         {{10, 10, 100, 100}, {50, 50, 150, 150}, TRUE, {10, 10, 100, 100}},  // corner
         {{10, 10, 100, 100}, {50, 10, 150, 150}, TRUE, {10, 10, 50, 100}},   // right side
         {{10, 10, 100, 100}, {0, 0, 50, 200}, TRUE, {50, 10, 100, 100}},     // left side
@@ -295,7 +315,7 @@ TEST(CRect, SubtractRectCutsOnlyAcrossAWholeSide)
         {{10, 10, 100, 100}, {10, 10, 100, 100}, FALSE, {0, 0, 0, 0}},
         {{10, 10, 100, 100}, {0, 0, 200, 200}, FALSE, {0, 0, 0, 0}},
         {{10, 10, 10, 100}, {0, 0, 5, 5}, FALSE, {0, 0, 0, 0}},
-        {{10, 10, 100, 100}, {20, 20, 20, 20}, TRUE, {10, 10, 100, 100}},    // empty cut
+        {{10, 10, 100, 100}, {20, 20, 20, 20}, TRUE, {10, 10, 100, 100}},  // empty cut
     };
     for (auto& c : cases) {
         CRect r(99, 99, 99, 99);

@@ -108,7 +108,11 @@ TEST(CollectionArrays, ValueArraysSerializeAsRawLittleEndianElements)
     dwords.Add(0xA1B2C3D4);
     CUIntArray uints;
     uints.Add(7);
-    struct { CObject* array; std::vector<BYTE> expected; } cases[] = {
+    struct
+    {
+        CObject* array;
+        std::vector<BYTE> expected;
+    } cases[] = {
         {&bytes, {2, 0, 1, 0xFF}},
         {&words, {1, 0, 0x34, 0x12}},
         {&dwords, {1, 0, 0xD4, 0xC3, 0xB2, 0xA1}},

@@ -33,7 +33,8 @@ std::string MessageOf(const CException* e)
 
 TEST(Exceptions, ThrowersThrowTheirClassWithItsMessage)
 {
-    struct {
+    struct
+    {
         std::function<void()> thrower;
         CRuntimeClass* cls;
         const char* message;
@@ -44,11 +45,10 @@ TEST(Exceptions, ThrowersThrowTheirClassWithItsMessage)
         {[] { AfxThrowInvalidArgException(); }, RUNTIME_CLASS(CInvalidArgException),
          "Encountered an improper argument."},
         {[] { AfxThrowUserException(); }, RUNTIME_CLASS(CUserException), ""},
-        {[] { AfxThrowArchiveException(CArchiveException::endOfFile, "data.bin"); },
-         RUNTIME_CLASS(CArchiveException),
+        {[] { AfxThrowArchiveException(CArchiveException::endOfFile, "data.bin"); }, RUNTIME_CLASS(CArchiveException),
          "An unexpected end of file was encountered while reading data.bin."},
-        {[] { AfxThrowFileException(CFileException::fileNotFound, 2, "c:\\x\\a.txt"); },
-         RUNTIME_CLASS(CFileException), "c:\\x\\a.txt was not found."},
+        {[] { AfxThrowFileException(CFileException::fileNotFound, 2, "c:\\x\\a.txt"); }, RUNTIME_CLASS(CFileException),
+         "c:\\x\\a.txt was not found."},
     };
     for (auto& c : cases) {
         CException* e = Caught(c.thrower);
@@ -91,8 +91,7 @@ TEST(Exceptions, DerivedPointerTypeIsCaughtDirectly)
 TEST(Exceptions, StaticExceptionsAreSharedAndNotDeleted)
 {
     using Thrower = void (*)();
-    const Thrower throwers[] = {&AfxThrowMemoryException, &AfxThrowNotSupportedException,
-                                &AfxThrowInvalidArgException};
+    const Thrower throwers[] = {&AfxThrowMemoryException, &AfxThrowNotSupportedException, &AfxThrowInvalidArgException};
     for (Thrower thrower : throwers) {
         CException* first = Caught(thrower);
         ASSERT_NE(first, nullptr);
@@ -119,7 +118,11 @@ TEST(Exceptions, GetErrorMessageTruncatesIntoTheBuffer)
 {
     CFileException e(CFileException::fileNotFound, 2, "abc");
     const std::string full = "abc was not found.";
-    struct { UINT nMax; std::string expected; } cases[] = {
+    struct
+    {
+        UINT nMax;
+        std::string expected;
+    } cases[] = {
         {1, ""},
         {2, "a"},
         {5, "abc "},
@@ -152,10 +155,14 @@ TEST(Exceptions, GetErrorMessageTruncatesIntoTheBuffer)
 
 TEST(Exceptions, MessagesNameTheFileOrAnUnnamedFile)
 {
-    struct { int cause; const char* file; const char* message; } archive[] = {
+    struct
+    {
+        int cause;
+        const char* file;
+        const char* message;
+    } archive[] = {
         {CArchiveException::readOnly, "a.dat", "Tried to write to a.dat while it was being read."},
-        {CArchiveException::writeOnly, nullptr,
-         "Tried to read from an unnamed file while it was being written."},
+        {CArchiveException::writeOnly, nullptr, "Tried to read from an unnamed file while it was being written."},
         {CArchiveException::badSchema, "s.dat", "s.dat contains an incorrect schema."},
         {CArchiveException::badClass, "s.dat", "s.dat contained an unexpected object."},
         {CArchiveException::genericException, "s.dat", "Unexpected file format."},
@@ -166,9 +173,13 @@ TEST(Exceptions, MessagesNameTheFileOrAnUnnamedFile)
         EXPECT_EQ(MessageOf(&e), c.message) << c.cause;
     }
 
-    struct { int cause; const char* file; const char* message; } file[] = {
-        {CFileException::sharingViolation, "b.txt",
-         "A sharing violation occurred while accessing b.txt."},
+    struct
+    {
+        int cause;
+        const char* file;
+        const char* message;
+    } file[] = {
+        {CFileException::sharingViolation, "b.txt", "A sharing violation occurred while accessing b.txt."},
         {CFileException::diskFull, nullptr, "Disk full while accessing an unnamed file."},
         {CFileException::endOfFile, "b.txt", "An attempt was made to access b.txt past its end."},
         {-1, "b.txt", "An unexpected error occurred while accessing b.txt."},
@@ -189,7 +200,11 @@ TEST(Exceptions, MessagesOfHeapExceptionsAreFreedByDelete)
 
 TEST(Exceptions, OsErrorsMapToCauses)
 {
-    struct { LONG error; int cause; } cases[] = {
+    struct
+    {
+        LONG error;
+        int cause;
+    } cases[] = {
         {0, CFileException::none},
         {2, CFileException::fileNotFound},
         {3, CFileException::badPath},
@@ -211,7 +226,11 @@ TEST(Exceptions, OsErrorsMapToCauses)
 
 TEST(Exceptions, ErrnoValuesMapToCauses)
 {
-    struct { int error; int cause; } cases[] = {
+    struct
+    {
+        int error;
+        int cause;
+    } cases[] = {
         {0, CFileException::none},
         {ENOENT, CFileException::fileNotFound},
         {EACCES, CFileException::accessDenied},

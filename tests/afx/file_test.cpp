@@ -93,7 +93,12 @@ TEST_F(FileTest, CreateWriteSeekReadAndLength)
     EXPECT_EQ(file.GetLength(), 11u);
     EXPECT_EQ(file.GetPosition(), 11u);
 
-    struct { LONGLONG offset; UINT from; ULONGLONG position; } seeks[] = {
+    struct
+    {
+        LONGLONG offset;
+        UINT from;
+        ULONGLONG position;
+    } seeks[] = {
         {6, CFile::begin, 6},
         {-2, CFile::current, 4},
         {-5, CFile::end, 6},
@@ -165,7 +170,12 @@ TEST_F(FileTest, CreateTruncatesUnlessNoTruncate)
         CFile file(path.c_str(), CFile::modeCreate | CFile::modeWrite);
         file.Write("0123456789", 10);
     }
-    struct { UINT flags; ULONGLONG length; const char* what; } cases[] = {
+    struct
+    {
+        UINT flags;
+        ULONGLONG length;
+        const char* what;
+    } cases[] = {
         {CFile::modeCreate | CFile::modeNoTruncate | CFile::modeReadWrite, 10, "kept"},
         {CFile::modeReadWrite, 10, "plain open keeps"},
         {CFile::modeCreate | CFile::modeReadWrite, 0, "truncated"},
@@ -202,7 +212,12 @@ TEST_F(FileTest, NamePartsOfTheOpenedPath)
     EXPECT_STREQ(static_cast<LPCTSTR>(file.GetFileTitle()), "report.final");
     EXPECT_TRUE(fs::equivalent(fs::path(static_cast<LPCTSTR>(file.GetFilePath())), path));
 
-    struct { const char* path; const char* name; const char* title; } cases[] = {
+    struct
+    {
+        const char* path;
+        const char* name;
+        const char* title;
+    } cases[] = {
         {"c:\\a\\b.txt", "b.txt", "b"},
         {"dir/sub/readme", "readme", "readme"},
         {"plain.ini", "plain.ini", "plain"},
@@ -274,8 +289,7 @@ TEST_F(FileTest, ArchiveExceptionsNameTheArchiveFile)
         FAIL() << "loading from a storing archive";
     } catch (CArchiveException* e) {
         EXPECT_EQ(e->m_cause, CArchiveException::writeOnly);
-        EXPECT_STREQ(static_cast<LPCTSTR>(e->m_strFileName),
-                     static_cast<LPCTSTR>(file.GetFilePath()));
+        EXPECT_STREQ(static_cast<LPCTSTR>(e->m_strFileName), static_cast<LPCTSTR>(file.GetFilePath()));
         e->Delete();
     }
     ar << 42;
@@ -287,7 +301,13 @@ TEST_F(FileTest, ArchiveExceptionsNameTheArchiveFile)
 TEST_F(FileTest, ExclusiveShareModeBlocksASecondOpen)
 {
     const std::string path = PathOf("shared.txt");
-    struct { UINT firstShare; UINT secondShare; bool opens; const char* what; } cases[] = {
+    struct
+    {
+        UINT firstShare;
+        UINT secondShare;
+        bool opens;
+        const char* what;
+    } cases[] = {
         {CFile::shareExclusive, CFile::shareDenyNone, false, "exclusive"},
         {CFile::shareCompat, CFile::shareDenyNone, false, "compat is exclusive"},
         {CFile::shareDenyWrite, CFile::shareDenyNone, false, "deny write blocks a writer"},
@@ -297,8 +317,7 @@ TEST_F(FileTest, ExclusiveShareModeBlocksASecondOpen)
         CFile first(path.c_str(), CFile::modeCreate | CFile::modeReadWrite | c.firstShare);
         CFile second;
         CFileException error;
-        const BOOL opened =
-            second.Open(path.c_str(), CFile::modeReadWrite | c.secondShare, &error);
+        const BOOL opened = second.Open(path.c_str(), CFile::modeReadWrite | c.secondShare, &error);
         EXPECT_EQ(opened != FALSE, c.opens) << c.what;
         if (!c.opens) {
             EXPECT_EQ(error.m_cause, CFileException::sharingViolation) << c.what;
@@ -312,7 +331,12 @@ TEST(MemFile, GrowsInStepsOfGrowBytes)
 {
     CInspectedMemFile file(16);
     EXPECT_EQ(file.BufferSize(), 0u);
-    struct { UINT write; SIZE_T buffer; ULONGLONG length; } steps[] = {
+    struct
+    {
+        UINT write;
+        SIZE_T buffer;
+        ULONGLONG length;
+    } steps[] = {
         {1, 16, 1}, {15, 16, 16}, {1, 32, 17}, {40, 64, 57}, {0, 64, 57},
     };
     std::string expected;
@@ -337,8 +361,16 @@ TEST(MemFile, SeekBeyondTheEndAndWriteZeroFillsTheGap)
     file.Write("z", 1);
     EXPECT_EQ(ReadAll(file), std::string("ab\0\0\0z", 6));
 
-    struct { LONGLONG offset; UINT from; ULONGLONG position; } seeks[] = {
-        {0, CFile::begin, 0}, {4, CFile::current, 4}, {-1, CFile::end, 5}, {-5, CFile::current, 0},
+    struct
+    {
+        LONGLONG offset;
+        UINT from;
+        ULONGLONG position;
+    } seeks[] = {
+        {0, CFile::begin, 0},
+        {4, CFile::current, 4},
+        {-1, CFile::end, 5},
+        {-5, CFile::current, 0},
     };
     for (auto& s : seeks)
         EXPECT_EQ(file.Seek(s.offset, s.from), s.position);

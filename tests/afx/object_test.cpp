@@ -60,7 +60,13 @@ TEST(RuntimeClass, IsKindOfFollowsTheBaseChain)
     CCircle circle;
     CSquare square;
     CUnrelated unrelated;
-    struct { const CObject* object; CRuntimeClass* cls; bool kind; const char* what; } cases[] = {
+    struct
+    {
+        const CObject* object;
+        CRuntimeClass* cls;
+        bool kind;
+        const char* what;
+    } cases[] = {
         {&circle, RUNTIME_CLASS(CCircle), true, "circle is circle"},
         {&circle, RUNTIME_CLASS(CShape), true, "circle is shape"},
         {&circle, RUNTIME_CLASS(CObject), true, "circle is object"},
@@ -119,7 +125,11 @@ TEST(RuntimeClass, CreateObjectOnlyForCreatableClasses)
 
 TEST(RuntimeClass, FromNameFindsRegisteredClasses)
 {
-    struct { const char* name; CRuntimeClass* expected; } cases[] = {
+    struct
+    {
+        const char* name;
+        CRuntimeClass* expected;
+    } cases[] = {
         {"CCircle", RUNTIME_CLASS(CCircle)},
         {"CShape", RUNTIME_CLASS(CShape)},
         {"CSquare", RUNTIME_CLASS(CSquare)},
@@ -172,8 +182,8 @@ TEST(DumpContext, WritesTextNumbersAndObjectDumps)
     CMemFile file;
     CDumpContext dc(&file);
     CCircle circle;
-    dc << "n=" << 42 << " m=" << -7 << " u=" << 3000000000u << " big=" << -5000000000LL
-       << " w=" << WORD(65535) << " d=" << 0.5 << "\n";
+    dc << "n=" << 42 << " m=" << -7 << " u=" << 3000000000u << " big=" << -5000000000LL << " w=" << WORD(65535)
+       << " d=" << 0.5 << "\n";
     dc << &circle;
     const CObject* pNull = nullptr;
     dc << pNull;

@@ -99,7 +99,8 @@ TEST_F(StdioFileTest, BinaryModeWritesBytesAsGiven)
 
 TEST_F(StdioFileTest, ReadStringSplitsLinesInEachMode)
 {
-    struct {
+    struct
+    {
         const char* bytes;
         UINT type;
         LineList lines;
@@ -111,11 +112,18 @@ TEST_F(StdioFileTest, ReadStringSplitsLinesInEachMode)
         {"a\rb\r\n", CFile::typeText, {"a\rb"}},
         {"a\r\r\nb", CFile::typeText, {"a\r", "b"}},
         {"end\r", CFile::typeText, {"end\r"}},
-        {"vor\x1A" "nach\r\n", CFile::typeText, {"vor"}},
+        {"vor\x1A"
+         "nach\r\n",
+         CFile::typeText,
+         {"vor"}},
         {"", CFile::typeText, {}},
         {"a\r\nb\r\n", CFile::typeBinary, {"a\r", "b\r"}},
         {"a\nb", CFile::typeBinary, {"a", "b"}},
-        {"vor\x1A" "nach", CFile::typeBinary, {"vor\x1A" "nach"}},
+        {"vor\x1A"
+         "nach",
+         CFile::typeBinary,
+         {"vor\x1A"
+          "nach"}},
         {"\n", CFile::typeBinary, {""}},
     };
     for (auto& c : cases) {
@@ -198,7 +206,8 @@ TEST_F(StdioFileTest, WritingAfterReadingContinuesWhereReadingStopped)
 
 TEST_F(StdioFileTest, AppendModesWriteAtTheEndWhereverThePositionIs)
 {
-    struct {
+    struct
+    {
         UINT flags;
         bool appends;
     } cases[] = {
@@ -259,8 +268,7 @@ TEST_F(StdioFileTest, ExclusiveSharingMakesASecondOpenFail)
 {
     Put("x.txt", "x");
     CStdioFile first;
-    ASSERT_TRUE(first.Open(PathOf("x.txt").c_str(),
-                           CFile::modeReadWrite | CFile::shareExclusive | CFile::typeBinary));
+    ASSERT_TRUE(first.Open(PathOf("x.txt").c_str(), CFile::modeReadWrite | CFile::shareExclusive | CFile::typeBinary));
     CStdioFile second;
     CFileException error;
     EXPECT_FALSE(second.Open(PathOf("x.txt").c_str(), CFile::modeRead | CFile::shareDenyNone, &error));

@@ -104,17 +104,26 @@ TEST(CStringAccess, GetAtReadsTheTerminatorButNothingBeyond)
 TEST(CStringSearch, FindStartsAtTheGivenIndex)
 {
     const CString s("abcabc");
-    struct { char ch; int start; int found; } chars[] = {
-        {'a', 0, 0}, {'a', 1, 3}, {'a', 3, 3}, {'a', 4, -1}, {'c', 5, 5},
+    struct
+    {
+        char ch;
+        int start;
+        int found;
+    } chars[] = {
+        {'a', 0, 0},  {'a', 1, 3},  {'a', 3, 3},   {'a', 4, -1}, {'c', 5, 5},
         {'a', 6, -1}, {'a', 7, -1}, {'a', -1, -1}, {'x', 0, -1},
     };
     for (auto& c : chars)
         EXPECT_EQ(s.Find(c.ch, c.start), c.found) << c.ch << " from " << c.start;
 
-    struct { const char* sub; int start; int found; } subs[] = {
-        {"bc", 0, 1}, {"bc", 2, 4}, {"bc", 5, -1}, {"abc", 3, 3}, {"c", 5, 5},
-        {"c", 6, -1}, {"abcabcd", 0, -1}, {"", 0, -1}, {nullptr, 0, -1},
-        {"a", -1, -1}, {"a", 7, -1}, {"cab", 0, 2},
+    struct
+    {
+        const char* sub;
+        int start;
+        int found;
+    } subs[] = {
+        {"bc", 0, 1},       {"bc", 2, 4}, {"bc", 5, -1},    {"abc", 3, 3}, {"c", 5, 5},  {"c", 6, -1},
+        {"abcabcd", 0, -1}, {"", 0, -1},  {nullptr, 0, -1}, {"a", -1, -1}, {"a", 7, -1}, {"cab", 0, 2},
     };
     for (auto& c : subs)
         EXPECT_EQ(s.Find(c.sub, c.start), c.found) << (c.sub ? c.sub : "(null)") << " from " << c.start;
@@ -138,7 +147,14 @@ TEST(CStringSearch, ReverseFindAndFindOneOf)
 
 TEST(CStringReplace, CountsNonOverlappingMatchesLeftToRight)
 {
-    struct { const char* text; const char* old; const char* replacement; const char* result; int count; } cases[] = {
+    struct
+    {
+        const char* text;
+        const char* old;
+        const char* replacement;
+        const char* result;
+        int count;
+    } cases[] = {
         {"aaaa", "aa", "b", "bb", 2},
         {"aaa", "aa", "b", "ba", 1},
         {"ababab", "aba", "X", "Xbab", 1},
@@ -177,7 +193,11 @@ TEST(CStringReplace, CharactersAndArgumentsFromTheStringItself)
 
 TEST(CStringEdit, InsertClampsTheIndex)
 {
-    struct { int index; const char* result; } cases[] = {
+    struct
+    {
+        int index;
+        const char* result;
+    } cases[] = {
         {-5, "XYabc"}, {0, "XYabc"}, {1, "aXYbc"}, {3, "abcXY"}, {9, "abcXY"},
     };
     for (auto& c : cases) {
@@ -196,8 +216,13 @@ TEST(CStringEdit, InsertClampsTheIndex)
 
 TEST(CStringEdit, DeleteClampsIndexAndCount)
 {
-    struct { int index; int count; const char* result; } cases[] = {
-        {0, 1, "bcdef"}, {-2, 2, "cdef"}, {4, 10, "abcd"}, {6, 1, "abcdef"},
+    struct
+    {
+        int index;
+        int count;
+        const char* result;
+    } cases[] = {
+        {0, 1, "bcdef"},  {-2, 2, "cdef"},  {4, 10, "abcd"},   {6, 1, "abcdef"},
         {9, 1, "abcdef"}, {2, 0, "abcdef"}, {2, -3, "abcdef"}, {0, 6, ""},
     };
     for (auto& c : cases) {
@@ -218,12 +243,20 @@ TEST(CStringEdit, DeleteClampsIndexAndCount)
 TEST(CStringExtract, MidLeftRightClampToTheText)
 {
     const CString s("abcdef");
-    struct { CString got; const char* expected; const char* what; } cases[] = {
-        {s.Mid(2), "cdef", "Mid(2)"}, {s.Mid(6), "", "Mid(6)"}, {s.Mid(9), "", "Mid(9)"},
-        {s.Mid(-3), "abcdef", "Mid(-3)"}, {s.Mid(2, 2), "cd", "Mid(2,2)"}, {s.Mid(4, 9), "ef", "Mid(4,9)"},
-        {s.Mid(-1, 2), "ab", "Mid(-1,2)"}, {s.Mid(2, -1), "", "Mid(2,-1)"}, {s.Mid(7, 1), "", "Mid(7,1)"},
-        {s.Left(3), "abc", "Left(3)"}, {s.Left(10), "abcdef", "Left(10)"}, {s.Left(-1), "", "Left(-1)"},
-        {s.Right(2), "ef", "Right(2)"}, {s.Right(10), "abcdef", "Right(10)"}, {s.Right(-1), "", "Right(-1)"},
+    struct
+    {
+        CString got;
+        const char* expected;
+        const char* what;
+    } cases[] = {
+        {s.Mid(2), "cdef", "Mid(2)"},       {s.Mid(6), "", "Mid(6)"},
+        {s.Mid(9), "", "Mid(9)"},           {s.Mid(-3), "abcdef", "Mid(-3)"},
+        {s.Mid(2, 2), "cd", "Mid(2,2)"},    {s.Mid(4, 9), "ef", "Mid(4,9)"},
+        {s.Mid(-1, 2), "ab", "Mid(-1,2)"},  {s.Mid(2, -1), "", "Mid(2,-1)"},
+        {s.Mid(7, 1), "", "Mid(7,1)"},      {s.Left(3), "abc", "Left(3)"},
+        {s.Left(10), "abcdef", "Left(10)"}, {s.Left(-1), "", "Left(-1)"},
+        {s.Right(2), "ef", "Right(2)"},     {s.Right(10), "abcdef", "Right(10)"},
+        {s.Right(-1), "", "Right(-1)"},
     };
     for (auto& c : cases)
         EXPECT_EQ(c.got, c.expected) << c.what;
@@ -231,7 +264,12 @@ TEST(CStringExtract, MidLeftRightClampToTheText)
 
 TEST(CStringTokenize, LoopsOverTokensAndEndsWithMinusOne)
 {
-    struct { const char* text; const char* delimiters; std::vector<std::string> tokens; } cases[] = {
+    struct
+    {
+        const char* text;
+        const char* delimiters;
+        std::vector<std::string> tokens;
+    } cases[] = {
         {"%First Second#Third", "% #", {"First", "Second", "Third"}},
         {"  a  b ", " ", {"a", "b"}},
         {"one", ",", {"one"}},
@@ -273,7 +311,13 @@ TEST(CStringTokenize, WithoutDelimitersReturnsTheRestAndDoesNotAdvance)
 TEST(CStringTrim, WhitespaceCharacterAndSetForms)
 {
     using Trim = std::function<void(CString&)>;
-    struct { const char* text; Trim trim; const char* result; const char* what; } cases[] = {
+    struct
+    {
+        const char* text;
+        Trim trim;
+        const char* result;
+        const char* what;
+    } cases[] = {
         {" \t a b \r\n", [](CString& s) { s.Trim(); }, "a b", "Trim()"},
         {" \t a b \r\n", [](CString& s) { s.TrimLeft(); }, "a b \r\n", "TrimLeft()"},
         {" \t a b \r\n", [](CString& s) { s.TrimRight(); }, " \t a b", "TrimRight()"},
@@ -323,9 +367,14 @@ TEST(CStringCase, EveryAccentedPairMapsBothWays)
 
 TEST(CStringCompare, OrderIsUnsignedBytesAndOperatorsAgree)
 {
-    struct { const char* a; const char* b; int order; } cases[] = {
+    struct
+    {
+        const char* a;
+        const char* b;
+        int order;
+    } cases[] = {
         {"abc", "abd", -1}, {"abc", "abc", 0}, {"ab", "abc", -1}, {"b", "abc", 1},
-        {"é", "z", 1}, {"", "a", -1}, {"Z", "a", -1}, {"", "", 0},
+        {"é", "z", 1},      {"", "a", -1},     {"Z", "a", -1},    {"", "", 0},
     };
     for (auto& c : cases) {
         const CString a(c.a), b(c.b);
@@ -353,9 +402,14 @@ TEST(CStringCompare, OrderIsUnsignedBytesAndOperatorsAgree)
 
 TEST(CStringCompare, NoCaseFoldsToLowerBeforeComparing)
 {
-    struct { const char* a; const char* b; int order; } cases[] = {
-        {"abc", "ABD", -1}, {"Ärger", "äRGER", 0}, {"ŠŒŽŸ", "šœžÿ", 0}, {"Z", "a", 1},
-        {"straße", "STRASSE", 1}, {"é", "F", 1}, {"a", "", 1}, {"", "", 0}, {"[", "a", -1},
+    struct
+    {
+        const char* a;
+        const char* b;
+        int order;
+    } cases[] = {
+        {"abc", "ABD", -1}, {"Ärger", "äRGER", 0}, {"ŠŒŽŸ", "šœžÿ", 0}, {"Z", "a", 1},  {"straße", "STRASSE", 1},
+        {"é", "F", 1},      {"a", "", 1},          {"", "", 0},         {"[", "a", -1},
     };
     for (auto& c : cases) {
         EXPECT_EQ(CString(c.a).CompareNoCase(c.b), c.order) << c.a << " vs " << c.b;
@@ -368,7 +422,11 @@ TEST(CStringShare, CopiesShareUntilOneIsModified)
 {
     const CString original("  Some Text  ");
     using Edit = std::function<void(CString&)>;
-    struct { Edit edit; const char* what; } edits[] = {
+    struct
+    {
+        Edit edit;
+        const char* what;
+    } edits[] = {
         {[](CString& s) { s += "x"; }, "+="},
         {[](CString& s) { s.MakeUpper(); }, "MakeUpper"},
         {[](CString& s) { s.MakeReverse(); }, "MakeReverse"},
@@ -383,8 +441,16 @@ TEST(CStringShare, CopiesShareUntilOneIsModified)
         {[](CString& s) { s.Truncate(4); }, "Truncate"},
         {[](CString& s) { s.AppendFormat("%d", 7); }, "AppendFormat"},
         {[](CString& s) { s.Format("%s!", s.GetString()); }, "Format"},
-        {[](CString& s) { s.GetBuffer()[2] = 's'; s.ReleaseBuffer(); }, "GetBuffer"},
-        {[](CString& s) { s.GetBufferSetLength(3); s.ReleaseBuffer(); }, "GetBufferSetLength"},
+        {[](CString& s) {
+             s.GetBuffer()[2] = 's';
+             s.ReleaseBuffer();
+         },
+         "GetBuffer"},
+        {[](CString& s) {
+             s.GetBufferSetLength(3);
+             s.ReleaseBuffer();
+         },
+         "GetBufferSetLength"},
     };
     for (auto& e : edits) {
         CString copy = original;

@@ -436,7 +436,8 @@ TEST_F(MessageBoxTest, ExceptionReportsGoThroughTheApplicationsBox)
 
 TEST_F(MessageBoxTest, UnscriptedBoxesGetTheirDefaultButtonOrTheSetDefault)
 {
-    struct {
+    struct
+    {
         UINT type;
         int answer;
     } cases[] = {
@@ -649,12 +650,12 @@ protected:
         RegisterClassA(&wc);
         m_hwndMain = CreateWindowExA(0, kRecordingClass, "main", WS_OVERLAPPEDWINDOW, 10, 10, 300, 200, nullptr,
                                      nullptr, wc.hInstance, nullptr);
-        m_hwndChild = CreateWindowExA(0, kRecordingClass, "child", WS_CHILD | WS_VISIBLE, 0, 0, 200, 100,
-                                      m_hwndMain, nullptr, wc.hInstance, nullptr);
+        m_hwndChild = CreateWindowExA(0, kRecordingClass, "child", WS_CHILD | WS_VISIBLE, 0, 0, 200, 100, m_hwndMain,
+                                      nullptr, wc.hInstance, nullptr);
         m_hwndGrandchild = CreateWindowExA(0, kRecordingClass, "grandchild", WS_CHILD | WS_VISIBLE, 0, 0, 50, 50,
                                            m_hwndChild, nullptr, wc.hInstance, nullptr);
-        m_hwndModeless = CreateWindowExA(0, kRecordingClass, "modeless", WS_POPUP, 400, 10, 100, 100, nullptr,
-                                         nullptr, wc.hInstance, nullptr);
+        m_hwndModeless = CreateWindowExA(0, kRecordingClass, "modeless", WS_POPUP, 400, 10, 100, 100, nullptr, nullptr,
+                                         wc.hInstance, nullptr);
         ASSERT_TRUE(m_hwndMain && m_hwndChild && m_hwndGrandchild && m_hwndModeless);
         m_main.Attach(m_hwndMain);
         m_child.Attach(m_hwndChild);
@@ -734,8 +735,8 @@ TEST_F(MessageLoopTest, AWindowThatTakesTheKeyEndsItsWay)
 TEST_F(MessageLoopTest, AModelessWindowsKeyAlsoGoesToTheMainWindow)
 {
     RunWithKeyTo(m_hwndModeless);
-    EXPECT_EQ(KeyEvents(), (Events{"modeless.PreTranslate", "main.PreTranslate", "thread.PreTranslate",
-                                   "modeless.WM_KEYDOWN"}));
+    EXPECT_EQ(KeyEvents(),
+              (Events{"modeless.PreTranslate", "main.PreTranslate", "thread.PreTranslate", "modeless.WM_KEYDOWN"}));
 }
 
 TEST_F(MessageLoopTest, ThreadMessagesGoToTheThreadsHandlersAndNoWindow)
@@ -766,25 +767,21 @@ TEST_F(MessageLoopTest, IdleTimeUpdatesTheVisibleMainWindowsTreeThenCleansUpAndS
     g_events.clear();
     m_thread.quitWhenIdleEnds = true;
     EXPECT_EQ(m_thread.Run(), 4);
-    EXPECT_EQ(g_events, (Events{"main.WM_IDLEUPDATECMDUI", "child.WM_IDLEUPDATECMDUI",
-                                "grandchild.WM_IDLEUPDATECMDUI", "OnIdle(0)=more", "OnIdle(1)=done"}));
+    EXPECT_EQ(g_events, (Events{"main.WM_IDLEUPDATECMDUI", "child.WM_IDLEUPDATECMDUI", "grandchild.WM_IDLEUPDATECMDUI",
+                                "OnIdle(0)=more", "OnIdle(1)=done"}));
 }
 
 TEST_F(MessageLoopTest, OnlyMessagesThatMayChangeSomethingStartIdleTimeAgain)
 {
-    struct {
+    struct
+    {
         UINT message;
         POINT pt;
         BOOL idle;
     } cases[] = {
-        {WM_KEYDOWN, {0, 0}, TRUE},
-        {WM_PAINT, {0, 0}, FALSE},
-        {0x0118, {0, 0}, FALSE},
-        {WM_MOUSEMOVE, {5, 5}, TRUE},
-        {WM_MOUSEMOVE, {5, 5}, FALSE},
-        {WM_NCMOUSEMOVE, {5, 5}, TRUE},
-        {WM_MOUSEMOVE, {5, 6}, TRUE},
-        {WM_TIMER, {5, 6}, TRUE},
+        {WM_KEYDOWN, {0, 0}, TRUE},   {WM_PAINT, {0, 0}, FALSE},     {0x0118, {0, 0}, FALSE},
+        {WM_MOUSEMOVE, {5, 5}, TRUE}, {WM_MOUSEMOVE, {5, 5}, FALSE}, {WM_NCMOUSEMOVE, {5, 5}, TRUE},
+        {WM_MOUSEMOVE, {5, 6}, TRUE}, {WM_TIMER, {5, 6}, TRUE},
     };
     for (auto& c : cases) {
         MSG msg = {};

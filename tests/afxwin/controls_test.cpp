@@ -93,9 +93,13 @@ TEST_F(ControlsTest, ListBoxFillsSelectsAndFindsItsItems)
     ASSERT_TRUE(box.Create(WS_CHILD | WS_VISIBLE | WS_VSCROLL | LBS_NOTIFY, CRect(10, 10, 200, 200), &parent, kListId));
     EXPECT_EQ(box.AddString("Birne"), 0);
     EXPECT_EQ(box.AddString("Apfel"), 1);
-    EXPECT_EQ(box.InsertString(0, "\xC4" "pfelchen"), 0);
+    EXPECT_EQ(box.InsertString(0, "\xC4"
+                                  "pfelchen"),
+              0);
     EXPECT_EQ(box.InsertString(-1, "Banane"), 3);
-    EXPECT_EQ(ListBoxTexts(box), (std::vector<std::string>{"\xC4" "pfelchen", "Birne", "Apfel", "Banane"}));
+    EXPECT_EQ(ListBoxTexts(box), (std::vector<std::string>{"\xC4"
+                                                           "pfelchen",
+                                                           "Birne", "Apfel", "Banane"}));
     EXPECT_EQ(box.GetTextLen(1), 5);
     char buffer[16] = {};
     EXPECT_EQ(box.GetText(2, buffer), 5);
@@ -114,9 +118,9 @@ TEST_F(ControlsTest, ListBoxFillsSelectsAndFindsItsItems)
         int prefix;
         int exact;
     } finds[] = {
-        {-1, "b", 1, LB_ERR},    // prefix, case ignored
-        {1, "B", 3, LB_ERR},     // after the start
-        {-1, "apfel", 2, 2},     // exact, case ignored
+        {-1, "b", 1, LB_ERR},  // prefix, case ignored
+        {1, "B", 3, LB_ERR},   // after the start
+        {-1, "apfel", 2, 2},   // exact, case ignored
         {-1, "Kirsche", LB_ERR, LB_ERR},
     };
     for (const auto& f : finds) {
@@ -143,8 +147,8 @@ TEST_F(ControlsTest, ListBoxFillsSelectsAndFindsItsItems)
 TEST_F(ControlsTest, SortedMultipleSelectionListBoxReportsItsSelectedItems)
 {
     CListBox box;
-    ASSERT_TRUE(box.Create(WS_CHILD | WS_VISIBLE | LBS_SORT | LBS_EXTENDEDSEL, CRect(10, 10, 200, 200), &parent,
-                           kListId));
+    ASSERT_TRUE(
+        box.Create(WS_CHILD | WS_VISIBLE | LBS_SORT | LBS_EXTENDEDSEL, CRect(10, 10, 200, 200), &parent, kListId));
     for (const char* text : {"Dora", "Anna", "Carl", "Bert", "Emil"})
         box.AddString(text);
     EXPECT_EQ(ListBoxTexts(box), (std::vector<std::string>{"Anna", "Bert", "Carl", "Dora", "Emil"}));
@@ -349,8 +353,8 @@ protected:
     void SetUp() override
     {
         ControlsTest::SetUp();
-        ASSERT_TRUE(list.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_SHOWSELALWAYS, CRect(0, 0, 480, 380),
-                                &parent, kControlId));
+        ASSERT_TRUE(list.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_SHOWSELALWAYS, CRect(0, 0, 480, 380), &parent,
+                                kControlId));
         ASSERT_EQ(list.InsertColumn(0, "Name", LVCFMT_LEFT, 120), 0);
         ASSERT_EQ(list.InsertColumn(1, "Ort", LVCFMT_LEFT, 100), 1);
         ASSERT_EQ(list.InsertColumn(2, "Alter", LVCFMT_RIGHT, 60), 2);

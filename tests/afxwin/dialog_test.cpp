@@ -217,8 +217,7 @@ public:
 
     BOOL CreateOwner()
     {
-        return CreateEx(0, AfxRegisterWndClass(0), "Besitzer", WS_OVERLAPPEDWINDOW, 0, 0, 300, 200, nullptr,
-                        nullptr);
+        return CreateEx(0, AfxRegisterWndClass(0), "Besitzer", WS_OVERLAPPEDWINDOW, 0, 0, 300, 200, nullptr, nullptr);
     }
 
 protected:

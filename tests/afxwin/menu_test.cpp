@@ -55,11 +55,15 @@ void BuildFileMenu(CMenu& bar, CMenu& file, CMenu& size)
     ASSERT_TRUE(size.AppendMenu(MF_STRING, kSmall, "&Klein"));
     ASSERT_TRUE(size.AppendMenu(MF_STRING, kMedium, "&Mittel"));
     ASSERT_TRUE(size.AppendMenu(MF_STRING, kLarge, "&Gro\xDF"));
-    ASSERT_TRUE(file.AppendMenu(MF_STRING, kOpen, "\xD6" "ffnen...\tStrg+O"));
+    ASSERT_TRUE(file.AppendMenu(MF_STRING, kOpen,
+                                "\xD6"
+                                "ffnen...\tStrg+O"));
     ASSERT_TRUE(file.AppendMenu(MF_SEPARATOR));
     ASSERT_TRUE(file.AppendMenu(MF_STRING | MF_CHECKED, kSave, "&Speichern"));
     ASSERT_TRUE(file.AppendMenu(MF_STRING | MF_GRAYED, kPrint, "&Drucken"));
-    ASSERT_TRUE(file.AppendMenu(MF_POPUP, reinterpret_cast<UINT_PTR>(size.m_hMenu), "Gr\xF6\xDF" "e"));
+    ASSERT_TRUE(file.AppendMenu(MF_POPUP, reinterpret_cast<UINT_PTR>(size.m_hMenu),
+                                "Gr\xF6\xDF"
+                                "e"));
     ASSERT_TRUE(bar.AppendMenu(MF_POPUP, reinterpret_cast<UINT_PTR>(file.m_hMenu), "&Datei"));
     // The bar owns the pop-ups from now on.
     size.Detach();
@@ -82,19 +86,24 @@ TEST_F(MenuTest, BuiltMenuReadsBackItsIdsStringsStatesAndSubMenus)
         const char* text;
         UINT stateBits;
     } items[] = {
-        {0, kOpen, "\xD6" "ffnen...\tStrg+O", 0},
+        {0, kOpen,
+         "\xD6"
+         "ffnen...\tStrg+O",
+         0},
         {1, 0, "", MF_SEPARATOR},
         {2, kSave, "&Speichern", MF_CHECKED},
         {3, kPrint, "&Drucken", MF_GRAYED},
-        {4, static_cast<UINT>(-1), "Gr\xF6\xDF" "e", MF_POPUP},
+        {4, static_cast<UINT>(-1),
+         "Gr\xF6\xDF"
+         "e",
+         MF_POPUP},
     };
     for (const auto& item : items) {
         EXPECT_EQ(pFile->GetMenuItemID(item.pos), item.id) << item.pos;
         CString text;
         EXPECT_EQ(pFile->GetMenuString(item.pos, text, MF_BYPOSITION), static_cast<int>(strlen(item.text)));
         EXPECT_STREQ(text, item.text) << item.pos;
-        EXPECT_EQ(pFile->GetMenuState(item.pos, MF_BYPOSITION) & StateMask(item.stateBits), item.stateBits)
-            << item.pos;
+        EXPECT_EQ(pFile->GetMenuState(item.pos, MF_BYPOSITION) & StateMask(item.stateBits), item.stateBits) << item.pos;
     }
 
     char buffer[32] = {};
@@ -303,7 +312,9 @@ END_MESSAGE_MAP()
 void BuildUpdateMenu(CMenu& popup)
 {
     ASSERT_TRUE(popup.CreatePopupMenu());
-    popup.AppendMenu(MF_STRING, kOpen, "\xD6" "ffnen");
+    popup.AppendMenu(MF_STRING, kOpen,
+                     "\xD6"
+                     "ffnen");
     popup.AppendMenu(MF_SEPARATOR);
     popup.AppendMenu(MF_STRING | MF_CHECKED, kSave, "Speichern");
     popup.AppendMenu(MF_STRING, kPrint, "Drucken");
@@ -327,13 +338,9 @@ TEST_F(MenuTest, InitMenuPopupUpdatesItemsThroughTheirHandlers)
         const char* text;
         UINT state;
     } expected[] = {
-        {0, "Neu &laden", 0},
-        {1, "", MF_SEPARATOR},
-        {2, "Speichern", MF_CHECKED | MF_GRAYED},  // the check stays
-        {3, "Drucken", MF_CHECKED},
-        {4, "Klein", 0},
-        {5, "Gross", MF_CHECKED | MF_GRAYED},  // handler checks only
-        {6, "Ohne", MF_GRAYED},                // no handler: unchanged
+        {0, "Neu &laden", 0},       {1, "", MF_SEPARATOR}, {2, "Speichern", MF_CHECKED | MF_GRAYED},  // the check stays
+        {3, "Drucken", MF_CHECKED}, {4, "Klein", 0},       {5, "Gross", MF_CHECKED | MF_GRAYED},  // handler checks only
+        {6, "Ohne", MF_GRAYED},  // no handler: unchanged
     };
     for (const auto& item : expected) {
         CString text;
@@ -361,7 +368,8 @@ TEST_F(MenuTest, InitMenuPopupUpdatesItemsThroughTheirHandlers)
     wnd.SendMessage(WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(other.m_hMenu), MAKELPARAM(0, TRUE));
     CString text;
     other.GetMenuString(0, text, MF_BYPOSITION);
-    EXPECT_STREQ(text, "\xD6" "ffnen");
+    EXPECT_STREQ(text, "\xD6"
+                       "ffnen");
     EXPECT_EQ(other.GetMenuState(kSave, MF_BYCOMMAND) & MF_GRAYED, 0u);
     wnd.DestroyWindow();
 }

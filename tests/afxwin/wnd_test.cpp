@@ -217,9 +217,20 @@ protected:
     afx_msg void OnSizing(UINT nSide, LPRECT) { Add("OnSizing " + std::to_string(nSide)); }
     afx_msg void OnMoving(UINT nSide, LPRECT) { Add("OnMoving " + std::to_string(nSide)); }
     afx_msg void OnMove(int x, int y) { Add("OnMove " + std::to_string(x) + "," + std::to_string(y)); }
-    afx_msg void OnPaint() { Add("OnPaint"); ValidateRect(nullptr); }
-    afx_msg BOOL OnEraseBkgnd(CDC* pDC) { Add("OnEraseBkgnd " + std::string(pDC != nullptr ? "dc" : "null")); return TRUE; }
-    afx_msg void OnKeyDown(UINT c, UINT r, UINT f) { Add("OnKeyDown " + std::to_string(c) + " " + std::to_string(r) + " " + std::to_string(f)); }
+    afx_msg void OnPaint()
+    {
+        Add("OnPaint");
+        ValidateRect(nullptr);
+    }
+    afx_msg BOOL OnEraseBkgnd(CDC* pDC)
+    {
+        Add("OnEraseBkgnd " + std::string(pDC != nullptr ? "dc" : "null"));
+        return TRUE;
+    }
+    afx_msg void OnKeyDown(UINT c, UINT r, UINT f)
+    {
+        Add("OnKeyDown " + std::to_string(c) + " " + std::to_string(r) + " " + std::to_string(f));
+    }
     afx_msg void OnKeyUp(UINT c, UINT, UINT) { Add("OnKeyUp " + std::to_string(c)); }
     afx_msg void OnChar(UINT c, UINT, UINT) { Add("OnChar " + std::to_string(c)); }
     afx_msg void OnSysKeyDown(UINT c, UINT, UINT) { Add("OnSysKeyDown " + std::to_string(c)); }
@@ -234,25 +245,62 @@ protected:
     afx_msg void OnMButtonDown(UINT, CPoint p) { Add("OnMButtonDown " + P(p)); }
     afx_msg void OnMButtonUp(UINT, CPoint p) { Add("OnMButtonUp " + P(p)); }
     afx_msg void OnMouseMove(UINT, CPoint p) { Add("OnMouseMove " + P(p)); }
-    afx_msg BOOL OnMouseWheel(UINT f, short z, CPoint p) { Add("OnMouseWheel " + std::to_string(f) + " " + std::to_string(z) + " " + P(p)); return TRUE; }
-    afx_msg int OnMouseActivate(CWnd* w, UINT h, UINT m) { Add("OnMouseActivate " + W(w) + " " + std::to_string(h) + " " + std::to_string(m)); return MA_NOACTIVATE; }
-    afx_msg BOOL OnSetCursor(CWnd* w, UINT h, UINT m) { Add("OnSetCursor " + W(w) + " " + std::to_string(h) + " " + std::to_string(m)); return TRUE; }
+    afx_msg BOOL OnMouseWheel(UINT f, short z, CPoint p)
+    {
+        Add("OnMouseWheel " + std::to_string(f) + " " + std::to_string(z) + " " + P(p));
+        return TRUE;
+    }
+    afx_msg int OnMouseActivate(CWnd* w, UINT h, UINT m)
+    {
+        Add("OnMouseActivate " + W(w) + " " + std::to_string(h) + " " + std::to_string(m));
+        return MA_NOACTIVATE;
+    }
+    afx_msg BOOL OnSetCursor(CWnd* w, UINT h, UINT m)
+    {
+        Add("OnSetCursor " + W(w) + " " + std::to_string(h) + " " + std::to_string(m));
+        return TRUE;
+    }
     afx_msg void OnSetFocus(CWnd* w) { Add("OnSetFocus " + W(w)); }
     afx_msg void OnKillFocus(CWnd* w) { Add("OnKillFocus " + W(w)); }
     afx_msg void OnEnable(BOOL b) { Add("OnEnable " + std::to_string(b)); }
-    afx_msg UINT OnGetDlgCode() { Add("OnGetDlgCode"); return DLGC_WANTALLKEYS; }
-    afx_msg void OnMenuSelect(UINT id, UINT f, HMENU) { Add("OnMenuSelect " + std::to_string(id) + " " + std::to_string(f)); }
+    afx_msg UINT OnGetDlgCode()
+    {
+        Add("OnGetDlgCode");
+        return DLGC_WANTALLKEYS;
+    }
+    afx_msg void OnMenuSelect(UINT id, UINT f, HMENU)
+    {
+        Add("OnMenuSelect " + std::to_string(id) + " " + std::to_string(f));
+    }
     afx_msg void OnEnterMenuLoop(BOOL b) { Add("OnEnterMenuLoop " + std::to_string(b)); }
     afx_msg void OnExitMenuLoop(BOOL b) { Add("OnExitMenuLoop " + std::to_string(b)); }
     afx_msg void OnEnterIdle(UINT why, CWnd* w) { Add("OnEnterIdle " + std::to_string(why) + " " + W(w)); }
-    afx_msg void OnGetMinMaxInfo(MINMAXINFO* p) { Add(std::string("OnGetMinMaxInfo ") + (p != nullptr ? "info" : "null")); }
-    afx_msg BOOL OnHelpInfo(HELPINFO* p) { Add("OnHelpInfo " + std::to_string(p->iCtrlId)); return TRUE; }
+    afx_msg void OnGetMinMaxInfo(MINMAXINFO* p)
+    {
+        Add(std::string("OnGetMinMaxInfo ") + (p != nullptr ? "info" : "null"));
+    }
+    afx_msg BOOL OnHelpInfo(HELPINFO* p)
+    {
+        Add("OnHelpInfo " + std::to_string(p->iCtrlId));
+        return TRUE;
+    }
     afx_msg void OnContextMenu(CWnd* w, CPoint p) { Add("OnContextMenu " + W(w) + " " + P(p)); }
     afx_msg void OnShowWindow(BOOL b, UINT s) { Add("OnShowWindow " + std::to_string(b) + " " + std::to_string(s)); }
-    afx_msg void OnActivate(UINT s, CWnd* w, BOOL m) { Add("OnActivate " + std::to_string(s) + " " + W(w) + " " + std::to_string(m)); }
+    afx_msg void OnActivate(UINT s, CWnd* w, BOOL m)
+    {
+        Add("OnActivate " + std::to_string(s) + " " + W(w) + " " + std::to_string(m));
+    }
     afx_msg void OnActivateApp(BOOL b, DWORD t) { Add("OnActivateApp " + std::to_string(b) + " " + std::to_string(t)); }
-    afx_msg BOOL OnNcActivate(BOOL b) { Add("OnNcActivate " + std::to_string(b)); return TRUE; }
-    afx_msg LRESULT OnNcHitTest(CPoint p) { Add("OnNcHitTest " + P(p)); return HTCAPTION; }
+    afx_msg BOOL OnNcActivate(BOOL b)
+    {
+        Add("OnNcActivate " + std::to_string(b));
+        return TRUE;
+    }
+    afx_msg LRESULT OnNcHitTest(CPoint p)
+    {
+        Add("OnNcHitTest " + P(p));
+        return HTCAPTION;
+    }
     afx_msg void OnNcPaint() { Add("OnNcPaint"); }
     afx_msg void OnNcLButtonDown(UINT h, CPoint p) { Add("OnNcLButtonDown " + std::to_string(h) + " " + P(p)); }
     afx_msg void OnNcMouseMove(UINT h, CPoint) { Add("OnNcMouseMove " + std::to_string(h)); }
@@ -265,8 +313,15 @@ protected:
     afx_msg void OnSettingChange(UINT f, LPCTSTR s) { Add("OnSettingChange " + std::to_string(f) + " " + s); }
     afx_msg void OnSysColorChange() { Add("OnSysColorChange"); }
     afx_msg void OnParentNotify(UINT m, LPARAM) { Add("OnParentNotify " + std::to_string(LOWORD(m))); }
-    afx_msg HCURSOR OnQueryDragIcon() { Add("OnQueryDragIcon"); return nullptr; }
-    afx_msg void OnMDIActivate(BOOL b, CWnd* a, CWnd* d) { Add("OnMDIActivate " + std::to_string(b) + " " + W(a) + " " + W(d)); }
+    afx_msg HCURSOR OnQueryDragIcon()
+    {
+        Add("OnQueryDragIcon");
+        return nullptr;
+    }
+    afx_msg void OnMDIActivate(BOOL b, CWnd* a, CWnd* d)
+    {
+        Add("OnMDIActivate " + std::to_string(b) + " " + W(a) + " " + W(d));
+    }
     DECLARE_MESSAGE_MAP()
 };
 
@@ -372,7 +427,8 @@ TEST_F(WndTest, WindowMessageEntriesUnpackTheirArguments)
         {WM_MBUTTONUP, 0, point, "OnMButtonUp -5,7", 0},
         {WM_MOUSEMOVE, 0, point, "OnMouseMove -5,7", 0},
         {WM_MOUSEWHEEL, MAKEWPARAM(MK_SHIFT, -120), point, "OnMouseWheel 4 -120 -5,7", TRUE},
-        {WM_MOUSEACTIVATE, selfWParam, MAKELPARAM(HTCLIENT, WM_LBUTTONDOWN), "OnMouseActivate wnd 1 513", MA_NOACTIVATE},
+        {WM_MOUSEACTIVATE, selfWParam, MAKELPARAM(HTCLIENT, WM_LBUTTONDOWN), "OnMouseActivate wnd 1 513",
+         MA_NOACTIVATE},
         {WM_SETCURSOR, selfWParam, MAKELPARAM(HTCLIENT, WM_MOUSEMOVE), "OnSetCursor wnd 1 512", TRUE},
         {WM_SETFOCUS, 0, 0, "OnSetFocus null", 0},
         {WM_KILLFOCUS, selfWParam, 0, "OnKillFocus wnd", 0},
@@ -427,11 +483,24 @@ protected:
         events.push_back("MeasureItem");
         p->itemHeight = 21;
     }
-    afx_msg int CompareItem(LPCOMPAREITEMSTRUCT) { events.push_back("CompareItem"); return -1; }
+    afx_msg int CompareItem(LPCOMPAREITEMSTRUCT)
+    {
+        events.push_back("CompareItem");
+        return -1;
+    }
     afx_msg void DeleteItem(LPDELETEITEMSTRUCT p) { events.push_back("DeleteItem " + std::to_string(p->itemID)); }
-    afx_msg void HScroll(UINT code, UINT pos) { events.push_back("HScroll " + std::to_string(code) + " " + std::to_string(pos)); }
-    afx_msg void VScroll(UINT code, UINT pos) { events.push_back("VScroll " + std::to_string(code) + " " + std::to_string(pos)); }
-    afx_msg void ParentNotify(UINT message, LPARAM) { events.push_back("ParentNotify " + std::to_string(LOWORD(message))); }
+    afx_msg void HScroll(UINT code, UINT pos)
+    {
+        events.push_back("HScroll " + std::to_string(code) + " " + std::to_string(pos));
+    }
+    afx_msg void VScroll(UINT code, UINT pos)
+    {
+        events.push_back("VScroll " + std::to_string(code) + " " + std::to_string(pos));
+    }
+    afx_msg void ParentNotify(UINT message, LPARAM)
+    {
+        events.push_back("ParentNotify " + std::to_string(LOWORD(message)));
+    }
     afx_msg void OnUpdateSelf(CCmdUI* pCmdUI)
     {
         updatedId = pCmdUI->m_nID;
@@ -840,9 +909,9 @@ TEST_F(WndTest, ReflectedNotificationsReachTheChildAndTheParentWhenLeft)
 {
     CNotifyParent parent;
     ASSERT_TRUE(parent.CreateEx(0, nullptr, "Eltern", WS_POPUP, 0, 0, 300, 200, nullptr, nullptr));
-    const HWND list = ::CreateWindowExA(0, WC_LISTVIEWA, "", WS_CHILD | WS_VISIBLE | LVS_REPORT, 0, 0, 200, 100,
-                                        parent.m_hWnd, reinterpret_cast<HMENU>(static_cast<INT_PTR>(kChildId)),
-                                        nullptr, nullptr);
+    const HWND list =
+        ::CreateWindowExA(0, WC_LISTVIEWA, "", WS_CHILD | WS_VISIBLE | LVS_REPORT, 0, 0, 200, 100, parent.m_hWnd,
+                          reinterpret_cast<HMENU>(static_cast<INT_PTR>(kChildId)), nullptr, nullptr);
     const HWND edit = ::CreateWindowExA(0, "EDIT", "", WS_CHILD | WS_VISIBLE, 0, 120, 200, 20, parent.m_hWnd,
                                         reinterpret_cast<HMENU>(static_cast<INT_PTR>(kChildId + 1)), nullptr, nullptr);
     LVCOLUMNA column = {};
@@ -872,13 +941,13 @@ TEST_F(WndTest, ReflectedNotificationsReachTheChildAndTheParentWhenLeft)
     ASSERT_TRUE(editObject.SubclassWindow(edit));
     parent.events.clear();
 
-    insert();                            // the child takes it
+    insert();  // the child takes it
     listObject.passInsertOn = TRUE;
-    insert();                            // the child looks and passes it on
-    ::SetWindowTextA(edit, "b");         // the child takes the command
+    insert();                                        // the child looks and passes it on
+    ::SetWindowTextA(edit, "b");                     // the child takes the command
     ::SendMessageA(list, LVM_DELETEALLITEMS, 0, 0);  // the child takes it, no per-item notes
-    EXPECT_EQ(childEvents, (Events{"child LVN_INSERTITEM", "child LVN_INSERTITEM", "child EN_CHANGE",
-                                   "child LVN_DELETEALLITEMS"}));
+    EXPECT_EQ(childEvents,
+              (Events{"child LVN_INSERTITEM", "child LVN_INSERTITEM", "child EN_CHANGE", "child LVN_DELETEALLITEMS"}));
     EXPECT_EQ(parent.events, Events{"parent LVN_INSERTITEM 100"});
     parent.DestroyWindow();
 }

@@ -97,9 +97,7 @@ void DialogHandle::Key(UINT vk, UINT modifiers)
     ::GetKeyboardState(saved);
     BYTE held[256];
     std::copy(std::begin(saved), std::end(saved), std::begin(held));
-    const auto press = [&](UINT key, bool down) {
-        held[key] = down ? 0x80 : 0x00;
-    };
+    const auto press = [&](UINT key, bool down) { held[key] = down ? 0x80 : 0x00; };
     press(VK_SHIFT, modifiers & kShift);
     press(VK_LSHIFT, modifiers & kShift);
     press(VK_CONTROL, modifiers & kCtrl);

@@ -35,8 +35,11 @@ TEST_F(AskSomethingTest, ShowsTheQuestionUnderTheCaptionFrageWithFiveGermanAnswe
             int id;
             const char* text;
         } buttons[] = {
-            {IDOK, "&Ja"},         {IDC_ASK_YES_ALL, "Ja, a&lle"},   {IDNO, "&Nein"},
-            {IDC_ASK_NO_ALL, "N&ein, keine"}, {IDCANCEL, "&Abbrechen"},
+            {IDOK, "&Ja"},
+            {IDC_ASK_YES_ALL, "Ja, a&lle"},
+            {IDNO, "&Nein"},
+            {IDC_ASK_NO_ALL, "N&ein, keine"},
+            {IDCANCEL, "&Abbrechen"},
         };
         for (const auto& b : buttons) {
             EXPECT_EQ(d.Text(b.id), b.text) << b.id;
@@ -53,7 +56,13 @@ TEST_F(AskSomethingTest, ShowsTheQuestionUnderTheCaptionFrageWithFiveGermanAnswe
 
 TEST_F(AskSomethingTest, EachAnswerEndsTheDialogWithItsResult)
 {
-    enum Action { kClick, kEscape, kEnter, kClose };
+    enum Action
+    {
+        kClick,
+        kEscape,
+        kEnter,
+        kClose
+    };
     struct
     {
         Action action;
@@ -74,9 +83,15 @@ TEST_F(AskSomethingTest, EachAnswerEndsTheDialogWithItsResult)
         DialogDriver driver;
         driver.OnDialog([&](DialogHandle& d) {
             switch (c.action) {
-            case kClick: d.Click(c.button); break;
-            case kEscape: d.Key(VK_ESCAPE); break;
-            case kEnter: d.Key(VK_RETURN); break;
+            case kClick:
+                d.Click(c.button);
+                break;
+            case kEscape:
+                d.Key(VK_ESCAPE);
+                break;
+            case kEnter:
+                d.Key(VK_RETURN);
+                break;
             case kClose:
                 ::SendMessageA(d.Hwnd(), WM_SYSCOMMAND, SC_CLOSE, 0);
                 d.Pump();
@@ -115,15 +130,19 @@ TEST_F(AskSomethingTest, NoToAllFlagAnswersThirteenWithoutShowing)
 
 TEST_F(AskSomethingTest, F1WithoutModifiersAndWmHelpOpenTheDialogsHelpContext)
 {
-    enum Action { kF1, kHelpMessage };
+    enum Action
+    {
+        kF1,
+        kHelpMessage
+    };
     struct
     {
         Action action;
         UINT modifiers;
         bool help;
     } cases[] = {
-        {kF1, kNoModifier, true}, {kF1, kCtrl, false},  {kF1, kShift, false},
-        {kF1, kAlt, false},       {kHelpMessage, kNoModifier, true},
+        {kF1, kNoModifier, true},          {kF1, kCtrl, false}, {kF1, kShift, false}, {kF1, kAlt, false},
+        {kHelpMessage, kNoModifier, true},
     };
     for (const auto& c : cases) {
         CTestApp::Get().Reset();

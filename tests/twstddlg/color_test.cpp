@@ -23,10 +23,10 @@ struct PaletteEntry
 };
 
 constexpr PaletteEntry kPalette[] = {
-    {0, 0x00FFFFFF, "WHITE"},      {1, 0x00C0C0C0, "LIGHTGRAY"}, {2, 0x00808080, "DARKGRAY"},
-    {3, 0x00000000, "BLACK"},      {4, 0x0000FFFF, "YELLOW"},    {5, 0x000080FF, "ORANGE"},
-    {6, 0x000000FF, "RED"},        {7, 0x00000080, "DARKRED"},   {8, 0x00FF00FF, "MAGENTA"},
-    {9, 0x0080FF00, "LIGHTGREEN"}, {10, 0x0000FF00, "GREEN"},    {11, 0x00008000, "DARKGREEN"},
+    {0, 0x00FFFFFF, "WHITE"},      {1, 0x00C0C0C0, "LIGHTGRAY"},  {2, 0x00808080, "DARKGRAY"},
+    {3, 0x00000000, "BLACK"},      {4, 0x0000FFFF, "YELLOW"},     {5, 0x000080FF, "ORANGE"},
+    {6, 0x000000FF, "RED"},        {7, 0x00000080, "DARKRED"},    {8, 0x00FF00FF, "MAGENTA"},
+    {9, 0x0080FF00, "LIGHTGREEN"}, {10, 0x0000FF00, "GREEN"},     {11, 0x00008000, "DARKGREEN"},
     {12, 0x00FFFF00, "CYAN"},      {13, 0x00FF8000, "LIGHTBLUE"}, {14, 0x00FF0000, "BLUE"},
     {15, 0x00800000, "DARKBLUE"},
 };
@@ -39,11 +39,10 @@ struct KeywordEntry
 
 // In the order in which GetColorIndex tries them.
 constexpr KeywordEntry kKeywords[] = {
-    {"WHITE", 0},      {"YELLOW", 4},     {"LIGHTMAGENTA", 8}, {"ORANGE", 5},     {"LIGHTRED", 5},
-    {"LIGHTCYAN", 12}, {"DARKGREEN", 11}, {"LIGHTGREEN", 9},   {"DARKBLUE", 15},  {"LIGHTBLUE", 13},
-    {"DARKGRAY", 2},   {"LIGHTGRAY", 1},  {"DARKRED", 7},      {"BROWN", 7},      {"MAGENTA", 8},
-    {"RED", 6},        {"CYAN", 12},      {"GREEN", 10},       {"BLUE", 14},      {"BLACK", 3},
-    {"PEN COLOR", 16}, {"BACK COLOR", 16},
+    {"WHITE", 0},      {"YELLOW", 4},     {"LIGHTMAGENTA", 8}, {"ORANGE", 5},      {"LIGHTRED", 5}, {"LIGHTCYAN", 12},
+    {"DARKGREEN", 11}, {"LIGHTGREEN", 9}, {"DARKBLUE", 15},    {"LIGHTBLUE", 13},  {"DARKGRAY", 2}, {"LIGHTGRAY", 1},
+    {"DARKRED", 7},    {"BROWN", 7},      {"MAGENTA", 8},      {"RED", 6},         {"CYAN", 12},    {"GREEN", 10},
+    {"BLUE", 14},      {"BLACK", 3},      {"PEN COLOR", 16},   {"BACK COLOR", 16},
 };
 
 struct GermanEntry
@@ -185,8 +184,7 @@ TEST(ColorPalette, IndicesOutsideTheTablesAreClampedToWhiteAndBackColor)
 
 TEST(ColorPalette, ColourIndexNeedsAnExactPaletteValue)
 {
-    const COLORREF others[] = {0x002D52A0, 0x00FEFEFE, 0xFFFFFFFF, 0x01FFFFFF,
-                               0x01000000, 0x00C0C0C1, 0x00F0F0F0};
+    const COLORREF others[] = {0x002D52A0, 0x00FEFEFE, 0xFFFFFFFF, 0x01FFFFFF, 0x01000000, 0x00C0C0C1, 0x00F0F0F0};
     for (COLORREF c : others)
         EXPECT_EQ(GetColorIndex(c), -1) << std::hex << c;
     EXPECT_EQ(GetColorIndex(COLORREF(0x00C0C0C0)), 1);
@@ -216,22 +214,15 @@ TEST(ColorKeywords, TheEarlierKeywordInTheOrderDecidesWhereverItStands)
 
 TEST(ColorKeywords, FoldedNamesBlanksAndTextsWithoutAKeyword)
 {
-    struct { const char* text; int index; } cases[] = {
-        {"back color", 16},  // Deliberate: not 17
-        {"Pen Color", 16},
-        {"Dark Red", 6},     // the blank hides DARKRED, RED remains
-        {"lightred", 5},
-        {"LightMagenta", 8},
-        {"lightcyan", 12},
-        {"brown", 7},
-        {"BLUEBLACK", 14},
-        {"blackwhite", 0},
-        {"dark-green", 10},
-        {"backcolor", -1},
-        {"grau", -1},
-        {"GRAY", -1},
-        {"weiß", -1},
-        {"", -1},
+    struct
+    {
+        const char* text;
+        int index;
+    } cases[] = {
+        {"back color", 16},                   // Deliberate: not 17
+        {"Pen Color", 16},  {"Dark Red", 6},  // the blank hides DARKRED, RED remains
+        {"lightred", 5},    {"LightMagenta", 8}, {"lightcyan", 12}, {"brown", 7}, {"BLUEBLACK", 14}, {"blackwhite", 0},
+        {"dark-green", 10}, {"backcolor", -1},   {"grau", -1},      {"GRAY", -1}, {"weiß", -1},      {"", -1},
         {nullptr, -1},
     };
     for (const auto& c : cases)
@@ -290,8 +281,8 @@ TEST(ColorNames, UnknownColoursAndNames)
     const COLORREF colours[] = {0x00FEFEFE, 0xFFFFFFFF, 0x01000000, 0x00010101, 0x002D52A1};
     for (COLORREF c : colours)
         EXPECT_STREQ(convertColorRef2Name(c).GetString(), "undefiniert") << std::hex << c;
-    const char* names[] = {"RGB_BROWN", "RGB_", "RGB_RED ", " RGB_RED", "RGB RED", "red",
-                           "weiss",     "gruen", "undefiniert", "", nullptr};
+    const char* names[] = {"RGB_BROWN", "RGB_",  "RGB_RED ",    " RGB_RED", "RGB RED", "red",
+                           "weiss",     "gruen", "undefiniert", "",         nullptr};
     for (const char* n : names)
         EXPECT_EQ(convertRGBName2ColorRef(n), 0x00FEFEFEu) << (n ? n : "(null)");
     EXPECT_EQ(TW_UNKNOWN_COLOR_NAME, 0x00FEFEFEu);
@@ -335,9 +326,13 @@ TEST(CColor, SetWritesAllFieldsAndCopiesCarryThemIndependently)
 TEST(CColorArray, AddRefusesANameThatIsThereIgnoringCase)
 {
     CColorArray a;
-    struct { const char* name; INT_PTR index; } steps[] = {
-        {"ROT", 0}, {"Rot", -1}, {"rot", -1}, {"Grün", 1}, {"GRÜN", -1}, {"grün", -1},
-        {"Rot ", 2}, {"weiß", 3}, {"WEISS", 4}, {"", 5}, {nullptr, -1},
+    struct
+    {
+        const char* name;
+        INT_PTR index;
+    } steps[] = {
+        {"ROT", 0},  {"Rot", -1}, {"rot", -1},  {"Grün", 1}, {"GRÜN", -1},  {"grün", -1},
+        {"Rot ", 2}, {"weiß", 3}, {"WEISS", 4}, {"", 5},     {nullptr, -1},
     };
     for (const auto& s : steps)
         EXPECT_EQ(a.Add(MakeColor(s.name, 0x00000001, 9)), s.index) << (s.name ? s.name : "(null)");
@@ -381,10 +376,14 @@ TEST(CColorArray, FindColorAndGetRGBCompareWholeNamesIgnoringCase)
     a.AddSorted(MakeColor("Linie", 0x00000010));
     a.AddSorted(MakeColor("ROT", 0x00000020));
     a.AddSorted(MakeColor("rot", 0x00000030));
-    struct { const char* name; INT_PTR index; COLORREF rgb; } cases[] = {
-        {"rot", 1, 0x00000020}, {"Rot", 1, 0x00000020}, {"LINIE", 0, 0x00000010},
-        {"RO", -1, 0xFFFFFFFF}, {"rot ", -1, 0xFFFFFFFF}, {"", -1, 0xFFFFFFFF},
-        {nullptr, -1, 0xFFFFFFFF},
+    struct
+    {
+        const char* name;
+        INT_PTR index;
+        COLORREF rgb;
+    } cases[] = {
+        {"rot", 1, 0x00000020},   {"Rot", 1, 0x00000020}, {"LINIE", 0, 0x00000010},  {"RO", -1, 0xFFFFFFFF},
+        {"rot ", -1, 0xFFFFFFFF}, {"", -1, 0xFFFFFFFF},   {nullptr, -1, 0xFFFFFFFF},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(a.FindColor(c.name), c.index) << (c.name ? c.name : "(null)");
@@ -395,13 +394,16 @@ TEST(CColorArray, FindColorAndGetRGBCompareWholeNamesIgnoringCase)
 TEST(CColorArray, AddSortedInsertsInNameOrderWithoutDuplicateCheck)
 {
     CColorArray a;
-    struct { const char* name; INT_PTR index; } steps[] = {
+    struct
+    {
+        const char* name;
+        INT_PTR index;
+    } steps[] = {
         {"mitte", 0}, {"zeile", 1}, {"anfang", 0}, {"nase", 2}, {"zeile", 4}, {"aal", 0},
     };
     for (const auto& s : steps)
         EXPECT_EQ(a.AddSorted(MakeColor(s.name, 0)), s.index) << s.name;
-    EXPECT_EQ(Names(a),
-              (std::vector<std::string>{"aal", "anfang", "mitte", "nase", "zeile", "zeile"}));
+    EXPECT_EQ(Names(a), (std::vector<std::string>{"aal", "anfang", "mitte", "nase", "zeile", "zeile"}));
 }
 
 TEST(CColorArray, AddSortedPutsAnEqualNameAfterTheLastEqualOne)
@@ -494,8 +496,7 @@ namespace {
 HMODULE ModuleOf(const void* address)
 {
     HMODULE module = NULL;
-    GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
-                           GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+    GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
                        static_cast<LPCSTR>(address), &module);
     return module;
 }

@@ -6,10 +6,14 @@ using namespace twerror;
 
 TEST(ErrorText, RemainderSelectsMessageAndKind)
 {
-    struct { int code; int id; bool note; } cases[] = {
-        {19, 30019, false}, {1019, 30019, false}, {0, 30000, false}, {49, 30049, false},
-        {50, 30050, true},  {1055, 30055, true},  {99, 30099, true}, {100, 30000, false},
-        {-5, 29995, false}, {-1055, 29945, false},
+    struct
+    {
+        int code;
+        int id;
+        bool note;
+    } cases[] = {
+        {19, 30019, false},  {1019, 30019, false}, {0, 30000, false},   {49, 30049, false}, {50, 30050, true},
+        {1055, 30055, true}, {99, 30099, true},    {100, 30000, false}, {-5, 29995, false}, {-1055, 29945, false},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(MessageId(c.code), c.id) << c.code;
@@ -19,7 +23,12 @@ TEST(ErrorText, RemainderSelectsMessageAndKind)
 
 TEST(ErrorText, InsertionReplacesEveryPlaceholderButNotOneAtTheStart)
 {
-    struct { const char* text; const char* insertion; const char* expected; } cases[] = {
+    struct
+    {
+        const char* text;
+        const char* insertion;
+        const char* expected;
+    } cases[] = {
         {"Registry error [%s].", "Software", "Registry error [Software]."},
         {"Registry error [%s].", nullptr, "Registry error [%s]."},
         {"%s not found.", "x", "%s not found."},

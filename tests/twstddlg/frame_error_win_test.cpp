@@ -98,8 +98,8 @@ protected:
         const int endSecond = SecondOfDay();
         for (size_t i = 0; i < patterns.size(); ++i) {
             const size_t base = 1 + i * 4;
-            const int second = std::stoi(match[base + 1]) * 3600 + std::stoi(match[base + 2]) * 60 +
-                               std::stoi(match[base + 3]);
+            const int second =
+                std::stoi(match[base + 1]) * 3600 + std::stoi(match[base + 2]) * 60 + std::stoi(match[base + 3]);
             if (endSecond >= m_startSecond) {
                 EXPECT_GE(second, m_startSecond);
                 EXPECT_LE(second, endSecond);
@@ -291,8 +291,8 @@ TEST_F(ErrorReporter, ALogHeldOpenByAnotherHandleDropsTheRecord)
 {
     UseLevel(0x31);
     WriteFileBytes(LogPath(), "Alt");
-    HANDLE holder = CreateFileA(LogPath(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
-                                FILE_ATTRIBUTE_NORMAL, nullptr);
+    HANDLE holder =
+        CreateFileA(LogPath(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
     ASSERT_NE(holder, INVALID_HANDLE_VALUE);
     CTwSystemError::ShowError(19, "x", TRUE, TRUE, FALSE);
     CTwSystemError::WriteToLog(19, "x", TRUE);

@@ -285,14 +285,10 @@ TEST(PositionShell, OffScreenValuesBecome0AndAreStoredAs0)
         int x, y;
         int expectedX, expectedY;
     } cases[] = {
-        {"inside", 100, 200, 100, 200},
-        {"x beyond", 5000, 200, 0, 200},
-        {"x on the edge", sw, 200, 0, 200},
-        {"x just inside", sw - 1, 200, sw - 1, 200},
-        {"x negative", -30, 200, 0, 200},
-        {"y on the edge", 100, sh, 100, 0},
-        {"y negative", 100, -1, 100, 0},
-        {"both", -5, sh + 5, 0, 0},
+        {"inside", 100, 200, 100, 200},     {"x beyond", 5000, 200, 0, 200},
+        {"x on the edge", sw, 200, 0, 200}, {"x just inside", sw - 1, 200, sw - 1, 200},
+        {"x negative", -30, 200, 0, 200},   {"y on the edge", 100, sh, 100, 0},
+        {"y negative", 100, -1, 100, 0},    {"both", -5, sh + 5, 0, 0},
     };
     for (const auto& c : cases) {
         StoredValues stored("FramePosEdges");

@@ -88,8 +88,7 @@ TEST(RegistryReader, MissingKeyOrValueGivesTheStatusAndAnEmptyText)
     EXPECT_EQ(ReadRegistryString(HKEY_CURRENT_USER, ReaderKey(), "Fehlt", text), ERROR_FILE_NOT_FOUND);
     EXPECT_TRUE(text.IsEmpty());
     text = "vorher";
-    EXPECT_EQ(ReadRegistryString(HKEY_CURRENT_USER, ReaderKey() + "\\Nirgends", "Da", text),
-              ERROR_FILE_NOT_FOUND);
+    EXPECT_EQ(ReadRegistryString(HKEY_CURRENT_USER, ReaderKey() + "\\Nirgends", "Da", text), ERROR_FILE_NOT_FOUND);
     EXPECT_TRUE(text.IsEmpty());
 }
 
@@ -114,8 +113,7 @@ TEST(RegistryReader, ClosesTheRootKeyItWasGivenAndLeavesTheSubkeyOpen)
     HKEY subkey = static_cast<HKEY>(added[0]);
     char data[16] = {};
     DWORD size = sizeof data;
-    EXPECT_EQ(RegQueryValueExA(subkey, "Wert", nullptr, nullptr, reinterpret_cast<BYTE*>(data), &size),
-              ERROR_SUCCESS);
+    EXPECT_EQ(RegQueryValueExA(subkey, "Wert", nullptr, nullptr, reinterpret_cast<BYTE*>(data), &size), ERROR_SUCCESS);
     EXPECT_STREQ(data, "ok");
     RegCloseKey(subkey);
 }
@@ -153,9 +151,9 @@ TEST(RegistrySwitch, TruthWordsAsStringValuesSetTheSwitch)
         const char* value;
         int set;
     } cases[] = {
-        {"1", 1},    {"ok", 1},   {"OK", 1},    {"yes", 1}, {"YES", 1}, {"ja", 1},  {"JA", 1},
-        {"Ja", 1},   {"true", 1}, {"True", 1},  {"wahr", 1}, {"WAHR", 1}, {" 1", 0}, {"1 ", 0},
-        {"yes ", 0}, {"on", 0},   {"y", 0},     {"2", 0},   {"nein", 0}, {"", 0},   {"jawohl", 0},
+        {"1", 1},    {"ok", 1},   {"OK", 1},   {"yes", 1},  {"YES", 1},  {"ja", 1}, {"JA", 1},
+        {"Ja", 1},   {"true", 1}, {"True", 1}, {"wahr", 1}, {"WAHR", 1}, {" 1", 0}, {"1 ", 0},
+        {"yes ", 0}, {"on", 0},   {"y", 0},    {"2", 0},    {"nein", 0}, {"", 0},   {"jawohl", 0},
     };
     for (const auto& c : cases) {
         values.SetString("TwFrameTestSwitch", c.value);

@@ -60,8 +60,7 @@ TEST(ModuleVersion, ReadsTheLibrarysOwnVersionResource)
     VersionProbe version;
     ASSERT_TRUE(version.GetFileVersionInfo(kLibrary));
     EXPECT_EQ(version.dwSignature, 0xFEEF04BDu);
-    EXPECT_EQ(version.dwFileVersionMS,
-              static_cast<DWORD>(MAKELONG(TWSTDDLG_VERSION_MINOR, TWSTDDLG_VERSION_MAJOR)));
+    EXPECT_EQ(version.dwFileVersionMS, static_cast<DWORD>(MAKELONG(TWSTDDLG_VERSION_MINOR, TWSTDDLG_VERSION_MAJOR)));
     EXPECT_EQ(version.dwFileType, static_cast<DWORD>(VFT_DLL));
     EXPECT_EQ(version.Language(), 0x407);
     EXPECT_EQ(version.CodePage(), 1252);

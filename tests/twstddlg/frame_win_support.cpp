@@ -21,8 +21,8 @@ bool KeyIsEmpty(HKEY key)
 {
     DWORD subkeys = 0;
     DWORD values = 0;
-    return RegQueryInfoKeyA(key, nullptr, nullptr, nullptr, &subkeys, nullptr, nullptr, &values, nullptr,
-                            nullptr, nullptr, nullptr) == ERROR_SUCCESS &&
+    return RegQueryInfoKeyA(key, nullptr, nullptr, nullptr, &subkeys, nullptr, nullptr, &values, nullptr, nullptr,
+                            nullptr, nullptr) == ERROR_SUCCESS &&
            subkeys == 0 && values == 0;
 }
 
@@ -40,8 +40,7 @@ TesselwerkValues::TesselwerkValues(std::vector<std::string> names)
             if (RegQueryValueExA(key, name.c_str(), nullptr, &saved.type, nullptr, &size) == ERROR_SUCCESS) {
                 saved.bytes.resize(size);
                 saved.present = RegQueryValueExA(key, name.c_str(), nullptr, &saved.type,
-                                                 reinterpret_cast<BYTE*>(saved.bytes.data()),
-                                                 &size) == ERROR_SUCCESS;
+                                                 reinterpret_cast<BYTE*>(saved.bytes.data()), &size) == ERROR_SUCCESS;
                 saved.bytes.resize(size);
             }
         }
@@ -58,8 +57,8 @@ TesselwerkValues::~TesselwerkValues()
         return;
     for (const auto& saved : m_saved) {
         if (saved.present)
-            RegSetValueExA(key, saved.name.c_str(), 0, saved.type,
-                           reinterpret_cast<const BYTE*>(saved.bytes.data()), static_cast<DWORD>(saved.bytes.size()));
+            RegSetValueExA(key, saved.name.c_str(), 0, saved.type, reinterpret_cast<const BYTE*>(saved.bytes.data()),
+                           static_cast<DWORD>(saved.bytes.size()));
         else
             RegDeleteValueA(key, saved.name.c_str());
     }

@@ -50,8 +50,7 @@ TEST(MessageBoxStyle, SilencedAndYesToAllAnswers)
         int silenced;
         int yesAll;
     } cases[] = {
-        {0x2, 6, 14}, {0xA, 7, 14}, {0x6, 1, 1},   {0xE, 1, 1},
-        {0x3, 6, 14}, {0x0, 6, 14}, {0x8, 7, 14},  {0x302, 6, 14},
+        {0x2, 6, 14}, {0xA, 7, 14}, {0x6, 1, 1}, {0xE, 1, 1}, {0x3, 6, 14}, {0x0, 6, 14}, {0x8, 7, 14}, {0x302, 6, 14},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(SilencedAnswer(c.style), c.silenced) << std::hex << c.style;

@@ -26,8 +26,7 @@ std::optional<DWORD> StoredValue(const char* name)
 {
     DWORD value = 0;
     DWORD size = sizeof value;
-    if (RegGetValueA(HKEY_CURRENT_USER, SectionPath(), name, RRF_RT_REG_DWORD, nullptr, &value, &size) !=
-        ERROR_SUCCESS)
+    if (RegGetValueA(HKEY_CURRENT_USER, SectionPath(), name, RRF_RT_REG_DWORD, nullptr, &value, &size) != ERROR_SUCCESS)
         return std::nullopt;
     return value;
 }
@@ -136,7 +135,12 @@ TEST_F(MessageBoxTest, StyleBitsChooseTheButtonsTheCheckBoxAndTheDefault)
 
 TEST_F(MessageBoxTest, EachButtonEscapeAndTheCloseBoxGiveTheirAnswer)
 {
-    enum Action { kClick, kEscape, kClose };
+    enum Action
+    {
+        kClick,
+        kEscape,
+        kClose
+    };
     struct
     {
         int style;
@@ -176,10 +180,7 @@ TEST_F(MessageBoxTest, EnterAnswersWithTheDefaultButtonWhileTheCheckBoxHasTheFoc
         int style;
         INT_PTR answer;
     } cases[] = {
-        {1 | 2, IDYES},
-        {1 | 2 | 0x100, CMessageBox::kYesToAll},
-        {1 | 2 | 0x200, IDNO},
-        {1 | 2 | 0x300, IDYES},
+        {1 | 2, IDYES},        {1 | 2 | 0x100, CMessageBox::kYesToAll}, {1 | 2 | 0x200, IDNO}, {1 | 2 | 0x300, IDYES},
         {2 | 4 | 0x200, IDOK},
     };
     for (const auto& c : cases) {
@@ -201,11 +202,7 @@ TEST_F(MessageBoxTest, SilencedQuestionAnswersWithoutShowingAndWritesZeroBack)
         int style;
         INT_PTR answer;
     } cases[] = {
-        {2, IDYES},
-        {2 | 8, IDNO},
-        {2 | 4, IDOK},
-        {2 | 4 | 8, IDOK},
-        {1 | 2 | 0x200, IDYES},
+        {2, IDYES}, {2 | 8, IDNO}, {2 | 4, IDOK}, {2 | 4 | 8, IDOK}, {1 | 2 | 0x200, IDYES},
     };
     for (const auto& c : cases) {
         Store("NOMSG_Stumm_9", 1);
@@ -254,20 +251,21 @@ TEST_F(MessageBoxTest, SilencedQuestionIsSkippedOnceAndAskedAgainTheNextTime)
 
 TEST_F(MessageBoxTest, EveryCloseWritesTheCheckBoxStateEvenWithoutCheckBox)
 {
-    enum Action { kYes, kNo, kEscape, kTickAndYes };
+    enum Action
+    {
+        kYes,
+        kNo,
+        kEscape,
+        kTickAndYes
+    };
     struct
     {
         int style;
         Action action;
         DWORD stored;
     } cases[] = {
-        {0, kYes, 0},
-        {0, kNo, 0},
-        {0, kEscape, 0},
-        {4, kEscape, 0},
-        {2, kEscape, 0},
-        {2, kTickAndYes, 1},
-        {2 | 4, kTickAndYes, 1},
+        {0, kYes, 0},    {0, kNo, 0},         {0, kEscape, 0},         {4, kEscape, 0},
+        {2, kEscape, 0}, {2, kTickAndYes, 1}, {2 | 4, kTickAndYes, 1},
     };
     for (const auto& c : cases) {
         RegDeleteTreeA(HKEY_CURRENT_USER, SectionPath());
@@ -275,9 +273,15 @@ TEST_F(MessageBoxTest, EveryCloseWritesTheCheckBoxStateEvenWithoutCheckBox)
         DialogDriver driver;
         driver.OnDialog([&](DialogHandle& d) {
             switch (c.action) {
-            case kYes: d.Click(IDYES); break;
-            case kNo: d.Click(IDNO); break;
-            case kEscape: d.Key(VK_ESCAPE); break;
+            case kYes:
+                d.Click(IDYES);
+                break;
+            case kNo:
+                d.Click(IDNO);
+                break;
+            case kEscape:
+                d.Key(VK_ESCAPE);
+                break;
             case kTickAndYes:
                 d.Click(IDC_MB_DONT_SHOW);
                 d.Click(Visible(d, IDYES) ? IDYES : IDC_MB_YES_ALL);

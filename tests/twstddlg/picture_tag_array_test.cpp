@@ -62,20 +62,26 @@ private:
 
 TEST(PictureTagArraySorted, CaptionsInsertInOrderAndReturnTheirIndex)
 {
-    struct { const char* caption; INT_PTR index; } steps[] = {
-        {"Zebra", 0}, {"Apfel", 0}, {"Maus", 1}, {"apfelbaum", 1}, {"Zz", 4},
-        {"a", 0}, {"Nashorn", 4},
+    struct
+    {
+        const char* caption;
+        INT_PTR index;
+    } steps[] = {
+        {"Zebra", 0}, {"Apfel", 0}, {"Maus", 1}, {"apfelbaum", 1}, {"Zz", 4}, {"a", 0}, {"Nashorn", 4},
     };
     CPictureTagArray a;
     for (auto& s : steps)
         EXPECT_EQ(a.AddSorted(Tag(s.caption)), s.index) << s.caption;
-    EXPECT_EQ(Captions(a), (std::vector<std::string>{"a", "Apfel", "apfelbaum", "Maus", "Nashorn",
-                                                      "Zebra", "Zz"}));
+    EXPECT_EQ(Captions(a), (std::vector<std::string>{"a", "Apfel", "apfelbaum", "Maus", "Nashorn", "Zebra", "Zz"}));
 }
 
 TEST(PictureTagArraySorted, TakenCaptionIgnoringCaseIsRefused)
 {
-    struct { const char* first; const char* second; } cases[] = {
+    struct
+    {
+        const char* first;
+        const char* second;
+    } cases[] = {
         {"Baum", "BAUM"}, {"baum", "Baum"}, {"a;b", "A,B"}, {"a,b", "a;b"}, {"", ""},
     };
     for (auto& c : cases) {
@@ -100,13 +106,19 @@ TEST(PictureTagArraySorted, PlaceIsFoundFromTheEnd)
     a.Insert(1, Tag("Zebra"));
     ASSERT_EQ(Captions(a), (std::vector<std::string>{"Apfel", "Zebra", "Kiwi"}));
 
-    struct { const char* caption; INT_PTR index; } steps[] = {
-        {"Mango", 3}, {"Lachs", 3}, {"Dattel", 1}, {"Aal", 0},
+    struct
+    {
+        const char* caption;
+        INT_PTR index;
+    } steps[] = {
+        {"Mango", 3},
+        {"Lachs", 3},
+        {"Dattel", 1},
+        {"Aal", 0},
     };
     for (auto& s : steps)
         EXPECT_EQ(a.AddSorted(Tag(s.caption)), s.index) << s.caption;
-    EXPECT_EQ(Captions(a), (std::vector<std::string>{"Aal", "Apfel", "Dattel", "Zebra", "Kiwi",
-                                                      "Lachs", "Mango"}));
+    EXPECT_EQ(Captions(a), (std::vector<std::string>{"Aal", "Apfel", "Dattel", "Zebra", "Kiwi", "Lachs", "Mango"}));
 }
 
 TEST(PictureTagArraySorted, InsertReplacesInPlaceOrAddsSortedPastTheEnd)
@@ -115,7 +127,13 @@ TEST(PictureTagArraySorted, InsertReplacesInPlaceOrAddsSortedPastTheEnd)
     for (const char* c : {"Anton", "Berta", "Caesar"})
         a.AddSorted(Tag(c));
 
-    struct { INT_PTR index; const char* caption; INT_PTR result; std::vector<std::string> after; } steps[] = {
+    struct
+    {
+        INT_PTR index;
+        const char* caption;
+        INT_PTR result;
+        std::vector<std::string> after;
+    } steps[] = {
         {-1, "Dora", -1, {"Anton", "Berta", "Caesar"}},
         {3, "Aaron", 0, {"Aaron", "Anton", "Berta", "Caesar"}},
         {4, "BERTA", -1, {"Aaron", "Anton", "Berta", "Caesar"}},
@@ -133,8 +151,17 @@ TEST(PictureTagArraySorted, VisibleReplacesACopyWithTheSwitchSet)
 {
     CPictureTagArray a;
     a.AddSorted(Tag("Einzig", 42));
-    struct { INT_PTR index; int visible; INT_PTR result; int after; } steps[] = {
-        {0, 0, 0, 0}, {1, 1, -1, 0}, {-1, 1, -1, 0}, {0, 5, 0, 5},
+    struct
+    {
+        INT_PTR index;
+        int visible;
+        INT_PTR result;
+        int after;
+    } steps[] = {
+        {0, 0, 0, 0},
+        {1, 1, -1, 0},
+        {-1, 1, -1, 0},
+        {0, 5, 0, 5},
     };
     for (auto& s : steps) {
         EXPECT_EQ(a.Visible(s.index, s.visible), s.result) << s.index;
@@ -151,9 +178,12 @@ TEST(PictureTagArraySorted, FindComparesWholeCaptionsIgnoringCase)
     for (const char* c : {"Haus", "Dach;rot", "Tür"})
         a.AddSorted(Tag(c));
     // Order: Dach,rot  Haus  Tür
-    struct { const char* caption; INT_PTR index; } cases[] = {
-        {"haus", 1}, {"HAUS", 1}, {"Hau", -1}, {"Haus ", -1}, {"dach,rot", 0},
-        {"Dach;rot", -1}, {"Tür", 2}, {"", -1},
+    struct
+    {
+        const char* caption;
+        INT_PTR index;
+    } cases[] = {
+        {"haus", 1}, {"HAUS", 1}, {"Hau", -1}, {"Haus ", -1}, {"dach,rot", 0}, {"Dach;rot", -1}, {"Tür", 2}, {"", -1},
     };
     for (auto& c : cases)
         EXPECT_EQ(a.Find(c.caption), c.index) << c.caption;
@@ -163,25 +193,23 @@ TEST(PictureTagArraySorted, FindComparesWholeCaptionsIgnoringCase)
 
 TEST_F(PictureTagArrayList, ListIsWrittenInCaptionOrderAndReadsBackTheSame)
 {
-    const char* list =
-        "E10,10,40,20,60,10,\"Auge\";"
-        "V0,0,100,100,5,5,\"Dach, rot\",10,0,10,10,\"http://example.org/dach?x=1\";"
-        "T5,5,0,0,5,5,\"Titel\";"
-        "P1,2,3,4,5,6,\"Pfeil\\nnach oben\",\"https://a.b/c\";"
-        "R1,2,3,4,5,6,\"bild\",7,8;";
+    const char* list = "E10,10,40,20,60,10,\"Auge\";"
+                       "V0,0,100,100,5,5,\"Dach, rot\",10,0,10,10,\"http://example.org/dach?x=1\";"
+                       "T5,5,0,0,5,5,\"Titel\";"
+                       "P1,2,3,4,5,6,\"Pfeil\\nnach oben\",\"https://a.b/c\";"
+                       "R1,2,3,4,5,6,\"bild\",7,8;";
     CPictureTagArray a;
     a.BuildArray(list);
     CPictureTag chimney{CString("L1,1,2,2,3,3,\"x\",9,9,\"u;v\"")};
     chimney.SetText("Kamin;alt");
     a.AddSorted(chimney);
     const std::string written = Str(a.ToString());
-    EXPECT_EQ(written,
-              "E10,10,40,20,60,10,\"Auge\";"
-              "R1,2,3,4,5,6,\"bild\";"
-              "V0,0,100,100,5,5,\"Dach, rot\",10,0,10,10,\"http://example.org/dach?x=1\";"
-              "L1,1,2,2,3,3,\"Kamin,alt\",\"u;v\";"
-              "P1,2,3,4,5,6,\"Pfeil\\nnach oben\",\"https://a.b/c\";"
-              "T5,5,0,0,5,5,\"Titel\";");
+    EXPECT_EQ(written, "E10,10,40,20,60,10,\"Auge\";"
+                       "R1,2,3,4,5,6,\"bild\";"
+                       "V0,0,100,100,5,5,\"Dach, rot\",10,0,10,10,\"http://example.org/dach?x=1\";"
+                       "L1,1,2,2,3,3,\"Kamin,alt\",\"u;v\";"
+                       "P1,2,3,4,5,6,\"Pfeil\\nnach oben\",\"https://a.b/c\";"
+                       "T5,5,0,0,5,5,\"Titel\";");
 
     CPictureTagArray again;
     again.BuildArray(written.c_str());
@@ -252,9 +280,15 @@ TEST(PictureTagArrayHits, FirstTagInArrayOrderWins)
     a.BuildArray("R10,10,20,20,90,90,\"A\";"
                  "R12,12,50,50,300,300,\"B\";"
                  "V500,500,900,900,0,0,\"C\",600,500,600,600;");
-    struct { CPoint p; __int64 index; int dot; int corner; } cases[] = {
-        {{11, 11}, 0, 1, -7},  {{62, 62}, 1, 2, -7}, {{30, 30}, 0, 2, -7}, {{601, 599}, 2, 4, 1},
-        {{300, 300}, 1, 3, -7}, {{200, 200}, -1, 0, -7},
+    struct
+    {
+        CPoint p;
+        __int64 index;
+        int dot;
+        int corner;
+    } cases[] = {
+        {{11, 11}, 0, 1, -7},  {{62, 62}, 1, 2, -7},   {{30, 30}, 0, 2, -7},
+        {{601, 599}, 2, 4, 1}, {{300, 300}, 1, 3, -7}, {{200, 200}, -1, 0, -7},
     };
     for (auto& c : cases) {
         index = -7;
@@ -264,7 +298,12 @@ TEST(PictureTagArrayHits, FirstTagInArrayOrderWins)
         EXPECT_EQ(index, c.corner) << c.p.x << "," << c.p.y;
     }
 
-    struct { CPoint p; __int64 index; int dot; } outline[] = {
+    struct
+    {
+        CPoint p;
+        __int64 index;
+        int dot;
+    } outline[] = {
         {{10, 18}, 0, 5}, {{50, 30}, 1, 5}, {{550, 500}, 2, 5}, {{600, 550}, -1, 0}, {{11, 11}, 0, 1},
     };
     for (auto& c : outline) {

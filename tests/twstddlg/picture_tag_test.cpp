@@ -37,8 +37,8 @@ public:
     }
     bool SameDrawingState(const TagProbe& o) const
     {
-        return m_iArrowSize == o.m_iArrowSize && m_crLineColor == o.m_crLineColor &&
-               m_ptOffset == o.m_ptOffset && m_fZoom == o.m_fZoom;
+        return m_iArrowSize == o.m_iArrowSize && m_crLineColor == o.m_crLineColor && m_ptOffset == o.m_ptOffset &&
+               m_fZoom == o.m_fZoom;
     }
 };
 
@@ -63,10 +63,14 @@ TagProbe Polygon(CPoint position, std::initializer_list<CPoint> corners)
 
 TEST(PictureTagForms, LetterAndGermanNameOfEveryForm)
 {
-    struct { int form; char letter; const char* name; } rows[] = {
-        {-1, '?', "Unbekannt"}, {0, 'E', "Ellipse"}, {1, 'K', "Kreis"},
-        {2, 'L', "Linie"},      {3, 'P', "Pfeil"},   {4, 'Q', "Quadrat"},
-        {5, 'R', "Rechteck"},   {6, 'T', "Text"},    {7, 'V', "Vieleck"},
+    struct
+    {
+        int form;
+        char letter;
+        const char* name;
+    } rows[] = {
+        {-1, '?', "Unbekannt"}, {0, 'E', "Ellipse"},  {1, 'K', "Kreis"}, {2, 'L', "Linie"},   {3, 'P', "Pfeil"},
+        {4, 'Q', "Quadrat"},    {5, 'R', "Rechteck"}, {6, 'T', "Text"},  {7, 'V', "Vieleck"},
     };
     for (auto& r : rows) {
         CPictureTag tag;
@@ -82,7 +86,11 @@ TEST(PictureTagForms, LetterAndGermanNameOfEveryForm)
 
 TEST(PictureTagForms, UnknownLettersAndFormsFallBack)
 {
-    struct { char letter; int form; } letters[] = {
+    struct
+    {
+        char letter;
+        int form;
+    } letters[] = {
         {'?', -1}, {'r', -1}, {'e', -1}, {'A', -1}, {'\0', -1}, {'\xFF', -1}, {'V', 7},
     };
     for (auto& c : letters)
@@ -120,7 +128,12 @@ TEST(PictureTagFields, NewTagHasDefaultsAndBaseWritesNothing)
 
 TEST(PictureTagFields, TextKeepsSemicolonsButGivesThemAsCommas)
 {
-    struct { const char* set; const char* stored; const char* got; } cases[] = {
+    struct
+    {
+        const char* set;
+        const char* stored;
+        const char* got;
+    } cases[] = {
         {"a;b", "a;b", "a,b"},
         {"Zeile 1\r\nZeile 2", "Zeile 1\\nZeile 2", "Zeile 1\\nZeile 2"},
         {"a\r\n\r\nb;", "a\\n\\nb;", "a\\n\\nb,"},
@@ -157,8 +170,15 @@ TEST(PictureTagFields, PolygonIsBuiltClickByClick)
     EXPECT_EQ(tag.GetPoints(), (Points{{10, 20}, {30, 40}}));
     EXPECT_EQ(tag.Distance(), std::make_pair(50, 60));
 
-    struct { int index; Points after; } replace[] = {
-        {1, {{10, 20}, {7, 7}}}, {0, {{7, 7}, {7, 7}}}, {2, {{7, 7}, {7, 7}}}, {-1, {{7, 7}, {7, 7}}},
+    struct
+    {
+        int index;
+        Points after;
+    } replace[] = {
+        {1, {{10, 20}, {7, 7}}},
+        {0, {{7, 7}, {7, 7}}},
+        {2, {{7, 7}, {7, 7}}},
+        {-1, {{7, 7}, {7, 7}}},
     };
     for (auto& r : replace) {
         tag.SetCorner(CPoint(7, 7), r.index);
@@ -202,7 +222,8 @@ TEST(PictureTagFields, CopiesCarryEveryFieldAndReplacePoints)
 
 TEST(PictureTagText, ParserReadsHeadPointsAndUrl)
 {
-    struct Case {
+    struct Case
+    {
         const char* text;
         int form;
         CPoint position;
@@ -221,8 +242,14 @@ TEST(PictureTagText, ParserReadsHeadPointsAndUrl)
         {"r1,2,3,4,5,6,\"a\"", -1, {1, 2}, {3, 4}, {5, 6}, "a", "", {}},
         {"?1,2,3,4,5,6,\"a\"", -1, {1, 2}, {3, 4}, {5, 6}, "a", "", {}},
         {"E-10, 20,x,4y,+5,\t6,Haus", 0, {-10, 20}, {0, 4}, {5, 6}, "Haus", "", {}},
-        {"T1,2,3,4,5,6,\"Auge, links\",\"http://host/a?b=1;c=2\"", 6, {1, 2}, {3, 4}, {5, 6},
-         "Auge, links", "http://host/a?b=1;c=2", {}},
+        {"T1,2,3,4,5,6,\"Auge, links\",\"http://host/a?b=1;c=2\"",
+         6,
+         {1, 2},
+         {3, 4},
+         {5, 6},
+         "Auge, links",
+         "http://host/a?b=1;c=2",
+         {}},
         {"T1,2,3,4,5,6,\"a;b\"", 6, {1, 2}, {3, 4}, {5, 6}, "a;b", "", {}},
         {"T1,2,3,4,5,6,\"a\\nb\"", 6, {1, 2}, {3, 4}, {5, 6}, "a\\nb", "", {}},
         {"K99999999999,-99999999999,3,4,5,6,\"\"", 1, {INT_MAX, INT_MIN}, {3, 4}, {5, 6}, "", "", {}},
@@ -274,7 +301,11 @@ TEST(PictureTagText, ShortOrPartialTextKeepsWhatTheTagHad)
 
 TEST(PictureTagText, WriterFormsHeadCaptionPointsAndUrl)
 {
-    struct { const char* built; const char* written; } cases[] = {
+    struct
+    {
+        const char* built;
+        const char* written;
+    } cases[] = {
         {"R10,20,30,40,12,70,\"Haus\"", "R10,20,30,40,12,70,\"Haus\";"},
         {"R1,2,3,4,5,6,\"a;b\"", "R1,2,3,4,5,6,\"a,b\";"},
         {"R1,2,3,4,5,6,\"a\",1,2,3,4", "R1,2,3,4,5,6,\"a\";"},
@@ -293,7 +324,8 @@ TEST(PictureTagText, WriterFormsHeadCaptionPointsAndUrl)
     EXPECT_EQ(tag.Stored(), "a;b");
 
     tag.SetTagForm(static_cast<TAG_FORM>(9));
-    EXPECT_EQ(Str(tag.ToString()), "\xFF" "1,2,3,4,5,6,\"a,b\";");
+    EXPECT_EQ(Str(tag.ToString()), "\xFF"
+                                   "1,2,3,4,5,6,\"a,b\";");
 
     TagProbe twoLines;
     twoLines.InitTagForm(TAG_TEXT);
@@ -330,11 +362,14 @@ TEST(PictureTagText, PrintedTagsReadBackToTheSameText)
 TEST(PictureTagHits, HandlesWithinFivePixelsOnBothAxes)
 {
     CPictureTag rect{CString("R100,100,50,40,300,300,\"r\"")};
-    struct { CPoint p; int dot; } cases[] = {
-        {{100, 100}, 1}, {{105, 105}, 1}, {{95, 95}, 1}, {{105, 95}, 1},
-        {{106, 100}, 0}, {{100, 94}, 0},  {{106, 106}, 0},
-        {{150, 140}, 2}, {{155, 145}, 2}, {{156, 140}, 0}, {{50, 40}, 0},
-        {{300, 300}, 3}, {{295, 305}, 3}, {{294, 300}, 0},
+    struct
+    {
+        CPoint p;
+        int dot;
+    } cases[] = {
+        {{100, 100}, 1}, {{105, 105}, 1}, {{95, 95}, 1},   {{105, 95}, 1},  {{106, 100}, 0},
+        {{100, 94}, 0},  {{106, 106}, 0}, {{150, 140}, 2}, {{155, 145}, 2}, {{156, 140}, 0},
+        {{50, 40}, 0},   {{300, 300}, 3}, {{295, 305}, 3}, {{294, 300}, 0},
     };
     for (auto& c : cases) {
         int index = -7;
@@ -352,7 +387,12 @@ TEST(PictureTagHits, HandlesWithinFivePixelsOnBothAxes)
 TEST(PictureTagHits, PolygonHandlesAreTheLastCornerThenEachPoint)
 {
     CPictureTag poly{CString("V0,0,200,200,500,500,\"p\",100,0,100,100,0,100")};
-    struct { CPoint p; int dot; int index; } cases[] = {
+    struct
+    {
+        CPoint p;
+        int dot;
+        int index;
+    } cases[] = {
         {{200, 200}, 2, -7}, {{103, 2}, 4, 0}, {{100, 100}, 4, 1}, {{0, 104}, 4, 2},
         {{500, 500}, 3, -7}, {{1, 1}, 1, -7},  {{50, 50}, 0, -7},
     };
@@ -371,10 +411,13 @@ TEST(PictureTagHits, EllipseOutlineAroundPositionWithinFivePercent)
 {
     // Deliberately centred on the position, radius cx / 2 and cy / 2.
     CPictureTag ellipse{CString("E1000,1000,200,100,0,0,\"e\"")};
-    struct { CPoint p; int dot; } cases[] = {
-        {{1098, 1000}, 5}, {{1097, 1000}, 0}, {{1102, 1000}, 5}, {{1103, 1000}, 0},
-        {{902, 1000}, 5},  {{1000, 1050}, 5}, {{1000, 1051}, 5}, {{1000, 1052}, 0},
-        {{1000, 1000}, 1}, {{1100, 1050}, 0},
+    struct
+    {
+        CPoint p;
+        int dot;
+    } cases[] = {
+        {{1098, 1000}, 5}, {{1097, 1000}, 0}, {{1102, 1000}, 5}, {{1103, 1000}, 0}, {{902, 1000}, 5},
+        {{1000, 1050}, 5}, {{1000, 1051}, 5}, {{1000, 1052}, 0}, {{1000, 1000}, 1}, {{1100, 1050}, 0},
     };
     for (auto& c : cases) {
         int index = 0;
@@ -393,7 +436,11 @@ TEST(PictureTagHits, EllipseOutlineAroundPositionWithinFivePercent)
 TEST(PictureTagHits, CircleOutlineAroundPositionWithinFivePixels)
 {
     CPictureTag circle{CString("K1000,1000,100,0,0,0,\"k\"")};
-    struct { CPoint p; int dot; } cases[] = {
+    struct
+    {
+        CPoint p;
+        int dot;
+    } cases[] = {
         {{1054, 1000}, 5}, {{1055, 1000}, 0}, {{1046, 1000}, 5}, {{1045, 1000}, 0},
         {{1030, 1040}, 5}, {{1000, 947}, 5},  {{1007, 1000}, 0}, {{1100, 1010}, 0},
     };
@@ -407,10 +454,14 @@ TEST(PictureTagHits, RectangleOutlineTakesDistanceAsBottomRightCorner)
 {
     for (const char* text : {"R10,10,100,80,500,500,\"r\"", "Q10,10,100,80,500,500,\"q\""}) {
         CPictureTag rect{CString(text)};
-        struct { CPoint p; int dot; } cases[] = {
-            {{50, 80}, 5},  {{10, 80}, 5},  {{100, 80}, 5}, {{101, 80}, 0}, {{50, 81}, 0},
-            {{10, 50}, 5},  {{100, 50}, 5}, {{100, 10}, 5}, {{101, 50}, 0}, {{11, 50}, 0},
-            {{50, 10}, 0},  {{100, 81}, 0}, {{100, 9}, 0},  {{110, 90}, 2}, {{50, 50}, 0},
+        struct
+        {
+            CPoint p;
+            int dot;
+        } cases[] = {
+            {{50, 80}, 5}, {{10, 80}, 5},  {{100, 80}, 5}, {{101, 80}, 0}, {{50, 81}, 0},
+            {{10, 50}, 5}, {{100, 50}, 5}, {{100, 10}, 5}, {{101, 50}, 0}, {{11, 50}, 0},
+            {{50, 10}, 0}, {{100, 81}, 0}, {{100, 9}, 0},  {{110, 90}, 2}, {{50, 50}, 0},
         };
         for (auto& c : cases) {
             int index = 0;
@@ -422,9 +473,13 @@ TEST(PictureTagHits, RectangleOutlineTakesDistanceAsBottomRightCorner)
 TEST(PictureTagHits, PolygonOutlineSkipsItsLastSegments)
 {
     CPictureTag poly{CString("V0,0,900,900,900,0,\"p\",100,0,100,100,0,100")};
-    struct { CPoint p; int dot; } cases[] = {
-        {{50, 0}, 5},  {{50, 1}, 5},  {{50, 2}, 0}, {{100, 50}, 5}, {{102, 50}, 0},
-        {{50, 100}, 0}, {{0, 50}, 0}, {{150, 0}, 0},
+    struct
+    {
+        CPoint p;
+        int dot;
+    } cases[] = {
+        {{50, 0}, 5},   {{50, 1}, 5},   {{50, 2}, 0}, {{100, 50}, 5},
+        {{102, 50}, 0}, {{50, 100}, 0}, {{0, 50}, 0}, {{150, 0}, 0},
     };
     for (auto& c : cases) {
         int index = -7;
@@ -438,8 +493,8 @@ TEST(PictureTagHits, PolygonOutlineSkipsItsLastSegments)
 
 TEST(PictureTagHits, LinesArrowsTextsAndUnknownFormsHaveNoOutline)
 {
-    for (const char* text : {"L0,0,100,0,900,900,\"l\"", "P0,0,100,0,900,900,\"p\"",
-                             "T0,0,100,0,900,900,\"t\"", "?0,0,100,0,900,900,\"u\""}) {
+    for (const char* text : {"L0,0,100,0,900,900,\"l\"", "P0,0,100,0,900,900,\"p\"", "T0,0,100,0,900,900,\"t\"",
+                             "?0,0,100,0,900,900,\"u\""}) {
         CPictureTag tag{CString(text)};
         int index = 0;
         EXPECT_EQ(tag.PointInPictureTag(CPoint(50, 0), index), DOT_NONE) << text;

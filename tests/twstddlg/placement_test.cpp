@@ -20,7 +20,12 @@ Placement fromStored(int x, int y, int w, int h, int f)
 
 TEST(PlacementWrite, ShowStateGivesTheStoredFlags)
 {
-    struct { UINT showCmd; UINT flags; int stored; } cases[] = {
+    struct
+    {
+        UINT showCmd;
+        UINT flags;
+        int stored;
+    } cases[] = {
         {kShowNormal, 0, 0},
         {kShowMaximized, 0, 16},
         {kShowMinimized, 0, 1},
@@ -60,7 +65,12 @@ TEST(PlacementRead, NothingStoredGivesANormalWindowAtTheOrigin)
 
 TEST(PlacementRead, CorrectsEachEdge)
 {
-    struct { int x, y, w, h; RECT expected; const char* why; } cases[] = {
+    struct
+    {
+        int x, y, w, h;
+        RECT expected;
+        const char* why;
+    } cases[] = {
         {5000, 10, 400, 300, {0, 10, 400, 310}, "x beyond the screen resets to 0"},
         {10, 5000, 400, 300, {10, 0, 410, 300}, "y beyond the screen resets to 0"},
         {1920, 10, 400, 300, {1920, 10, 1920, 310}, "x equal to the width is kept"},
@@ -84,11 +94,14 @@ TEST(PlacementRead, CorrectsEachEdge)
 
 TEST(PlacementRead, StoredFlagsGiveShowStateAndPlacementFlags)
 {
-    struct { int stored; UINT showCmd; UINT flags; } cases[] = {
-        {0, kShowNormal, kPlaceSetMinPosition},
-        {16, kShowMaximized, kPlaceRestoreToMaximized},
-        {1, kShowMinNoActive, kPlaceSetMinPosition},
-        {17, kShowMinNoActive, kPlaceRestoreToMaximized},
+    struct
+    {
+        int stored;
+        UINT showCmd;
+        UINT flags;
+    } cases[] = {
+        {0, kShowNormal, kPlaceSetMinPosition},      {16, kShowMaximized, kPlaceRestoreToMaximized},
+        {1, kShowMinNoActive, kPlaceSetMinPosition}, {17, kShowMinNoActive, kPlaceRestoreToMaximized},
         {2, kShowNormal, kPlaceSetMinPosition},
     };
     for (const auto& c : cases) {
@@ -115,15 +128,15 @@ TEST(PlacementRead, RoundTripOfAnOnScreenWindowKeepsItsRectangle)
 
 TEST(PositionRead, RejectsNegativeAndEdgeValuesAndRepairsThem)
 {
-    struct { int x, y; int ex, ey; bool rx, ry; } cases[] = {
-        {10, 20, 10, 20, false, false},
-        {5000, 20, 0, 20, true, false},
-        {1920, 20, 0, 20, true, false},
-        {1919, 1079, 1919, 1079, false, false},
-        {-30, 20, 0, 20, true, false},
-        {10, -1, 10, 0, false, true},
-        {10, 1080, 10, 0, false, true},
-        {-1, 1080, 0, 0, true, true},
+    struct
+    {
+        int x, y;
+        int ex, ey;
+        bool rx, ry;
+    } cases[] = {
+        {10, 20, 10, 20, false, false},         {5000, 20, 0, 20, true, false}, {1920, 20, 0, 20, true, false},
+        {1919, 1079, 1919, 1079, false, false}, {-30, 20, 0, 20, true, false},  {10, -1, 10, 0, false, true},
+        {10, 1080, 10, 0, false, true},         {-1, 1080, 0, 0, true, true},
     };
     for (const auto& c : cases) {
         const CorrectedPosition p = PositionFromStored(c.x, c.y, kScreenW, kScreenH);

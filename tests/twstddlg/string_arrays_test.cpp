@@ -47,16 +47,18 @@ TEST(StringArrayFamily, ClassTreeAndRunTimeClassesAreTheFrameworkBases)
 
 TEST(CUniqueStringArray, AddRefusesATextThatIsThereIgnoringCase)
 {
-    struct { const char* text; INT_PTR index; } steps[] = {
-        {"Apfel", 0},   {"Birne", 1},   {"APFEL", -1}, {"apfel", -1}, {"Äpfel", 2},
-        {"ÄPFEL", -1},  {"Straße", 3},  {"STRASSE", 4}, {"STRAßE", -1}, {"Apfel ", 5},
-        {"", 6},        {nullptr, -1},
+    struct
+    {
+        const char* text;
+        INT_PTR index;
+    } steps[] = {
+        {"Apfel", 0},  {"Birne", 1},   {"APFEL", -1},  {"apfel", -1}, {"Äpfel", 2}, {"ÄPFEL", -1},
+        {"Straße", 3}, {"STRASSE", 4}, {"STRAßE", -1}, {"Apfel ", 5}, {"", 6},      {nullptr, -1},
     };
     CUniqueStringArray a;
     for (const auto& s : steps)
         EXPECT_EQ(a.Add(s.text), s.index) << Shown(s.text);
-    EXPECT_EQ(Contents(a), (std::vector<std::string>{"Apfel", "Birne", "Äpfel", "Straße", "STRASSE",
-                                                     "Apfel ", ""}));
+    EXPECT_EQ(Contents(a), (std::vector<std::string>{"Apfel", "Birne", "Äpfel", "Straße", "STRASSE", "Apfel ", ""}));
     const CString text("BIRNE");
     EXPECT_EQ(a.Add(text), -1) << "a CString argument goes through the check too";
 }
@@ -67,9 +69,13 @@ TEST(CUniqueStringArray, FindComparesWholeTextsIgnoringCase)
     EXPECT_EQ(a.Find("x"), -1);
     a.Add("Kategorie");
     a.Add("Größe");
-    struct { const char* text; INT_PTR index; } cases[] = {
-        {"kategorie", 0}, {"KATEGORIE", 0}, {"GRÖßE", 1}, {"größe", 1},
-        {"Kategori", -1}, {"Kategorie ", -1}, {"", -1},   {nullptr, -1},
+    struct
+    {
+        const char* text;
+        INT_PTR index;
+    } cases[] = {
+        {"kategorie", 0}, {"KATEGORIE", 0},   {"GRÖßE", 1}, {"größe", 1},
+        {"Kategori", -1}, {"Kategorie ", -1}, {"", -1},     {nullptr, -1},
     };
     for (const auto& c : cases)
         EXPECT_EQ(a.Find(c.text), c.index) << Shown(c.text);
@@ -77,15 +83,18 @@ TEST(CUniqueStringArray, FindComparesWholeTextsIgnoringCase)
 
 TEST(CUniqueSortedStringArray, AddSortedKeepsOrderAndRefusesTextsThatAreThere)
 {
-    struct { const char* text; INT_PTR index; } steps[] = {
-        {"mitte", 0}, {"zeile", 1}, {"anfang", 0}, {"MITTE", -1}, {"nase", 2},
-        {"Zeile", -1}, {"aal", 0},  {"zz", 5},     {"Anfang", -1},
+    struct
+    {
+        const char* text;
+        INT_PTR index;
+    } steps[] = {
+        {"mitte", 0},  {"zeile", 1}, {"anfang", 0}, {"MITTE", -1},  {"nase", 2},
+        {"Zeile", -1}, {"aal", 0},   {"zz", 5},     {"Anfang", -1},
     };
     CUniqueSortedStringArray a;
     for (const auto& s : steps)
         EXPECT_EQ(a.AddSorted(s.text), s.index) << s.text;
-    EXPECT_EQ(Contents(a),
-              (std::vector<std::string>{"aal", "anfang", "mitte", "nase", "zeile", "zz"}));
+    EXPECT_EQ(Contents(a), (std::vector<std::string>{"aal", "anfang", "mitte", "nase", "zeile", "zz"}));
     EXPECT_EQ(a.Find("NASE"), 3);
     EXPECT_EQ(a.Find("nas"), -1);
 }
@@ -110,7 +119,11 @@ TEST(CUniqueStringArrayCheck, AddRefusesATextThatIsThereWhateverItsCheckState)
     EXPECT_EQ(a.Add("Zwei"), 1);
     EXPECT_EQ(a.Add(_STRING_CHECK{CString("Drei"), -5}), 2);
     ASSERT_EQ(a.GetSize(), 3);
-    struct { const char* text; int check; } expected[] = {{"Eins", 1}, {"Zwei", 0}, {"Drei", -5}};
+    struct
+    {
+        const char* text;
+        int check;
+    } expected[] = {{"Eins", 1}, {"Zwei", 0}, {"Drei", -5}};
     for (INT_PTR i = 0; i < 3; ++i) {
         EXPECT_STREQ(a[i].text.GetString(), expected[i].text);
         EXPECT_EQ(a[i].check, expected[i].check);
@@ -123,7 +136,13 @@ TEST(CUniqueStringArrayPicture, IdentitiesAreEqualOnlyWhenAllThreeStringsAreEqua
 {
     CUniqueStringArrayPicture a;
     EXPECT_EQ(a.Add("C:\\Bilder", "urlaub.jpg", "Strand"), 0);
-    struct { const char* folder; const char* file; const char* title; INT_PTR index; } steps[] = {
+    struct
+    {
+        const char* folder;
+        const char* file;
+        const char* title;
+        INT_PTR index;
+    } steps[] = {
         {"c:\\bilder", "URLAUB.JPG", "strand", -1},
         {"C:\\Bilder", "urlaub.jpg", "Berg", 1},
         {"C:\\Bilder", "urlaub2.jpg", "Strand", 2},

@@ -83,10 +83,23 @@ TEST(CSymbolArray, FindNameAndGetZielIgnoreCase)
     a.Add(MakeSymbol("START", "a", 10));
     a.Add(MakeSymbol("Ende", "b", 20));
     a.Add(MakeSymbol("Größe", "c", 0xFFFFFFFFu));
-    struct { const char* name; INT_PTR index; long long ziel; } cases[] = {
-        {"start", 0, 10},     {"START", 0, 10},  {"ende", 1, 20},  {"ENDE", 1, 20},
-        {"GRÖSSE", -1, -1},   {"GRÖßE", 2, 4294967295LL},          {"größe", 2, 4294967295LL},
-        {"star", -1, -1},     {"start ", -1, -1}, {"", -1, -1},    {nullptr, -1, -1},
+    struct
+    {
+        const char* name;
+        INT_PTR index;
+        long long ziel;
+    } cases[] = {
+        {"start", 0, 10},
+        {"START", 0, 10},
+        {"ende", 1, 20},
+        {"ENDE", 1, 20},
+        {"GRÖSSE", -1, -1},
+        {"GRÖßE", 2, 4294967295LL},
+        {"größe", 2, 4294967295LL},
+        {"star", -1, -1},
+        {"start ", -1, -1},
+        {"", -1, -1},
+        {nullptr, -1, -1},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(a.FindName(c.name), c.index) << (c.name ? c.name : "(null)");
@@ -124,7 +137,12 @@ TEST(CSymbolArray, ReplaceKeepsThePositionAndTakesAddressAndTarget)
 TEST(CSymbolArray, AddSortedPutsAnEqualNameAfterTheLastEqualOne)
 {
     CSymbolArray a;
-    struct { const char* name; unsigned int ziel; INT_PTR index; } steps[] = {
+    struct
+    {
+        const char* name;
+        unsigned int ziel;
+        INT_PTR index;
+    } steps[] = {
         {"m", 1, 0}, {"c", 2, 0}, {"x", 3, 2}, {"m", 4, 2}, {"m", 5, 3}, {"a", 6, 0}, {"c", 7, 2},
     };
     for (const auto& s : steps)

@@ -4,11 +4,15 @@
 
 TEST(RegistrySwitch, TruthWordsAfterLowerCasing)
 {
-    struct { const char* value; bool set; } cases[] = {
-        {"1", true},     {"ok", true},    {"OK", true},     {"yes", true},  {"Ja", true},
-        {"JA", true},    {"True", true},  {"TRUE", true},   {"wahr", true}, {"WAHR", true},
-        {" 1", false},   {"1 ", false},   {"yes ", false},  {"on", false},  {"y", false},
-        {"2", false},    {"", false},     {"0", false},     {"nein", false}, {"wahr\n", false},
+    struct
+    {
+        const char* value;
+        bool set;
+    } cases[] = {
+        {"1", true},   {"ok", true},   {"OK", true},    {"yes", true},   {"Ja", true},
+        {"JA", true},  {"True", true}, {"TRUE", true},  {"wahr", true},  {"WAHR", true},
+        {" 1", false}, {"1 ", false},  {"yes ", false}, {"on", false},   {"y", false},
+        {"2", false},  {"", false},    {"0", false},    {"nein", false}, {"wahr\n", false},
     };
     for (const auto& c : cases)
         EXPECT_EQ(twswitch::IsTruthWord(c.value), c.set) << '"' << c.value << '"';

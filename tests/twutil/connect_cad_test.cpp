@@ -7,8 +7,7 @@ TEST(ConnectCad, WithoutTheDrawingModuleNothingIsDrawn)
     // "kernel32.dll" exists on Windows but has no drawing entry.
     const char* modules[] = {nullptr, "", "no_such_cad_module.dll", "kernel32.dll"};
     CRect clip(0, 0, 10, 10);
-    for (const char* module : modules)
-    {
+    for (const char* module : modules) {
         CConnectCAD cad(module);
         EXPECT_FALSE(cad._isCadAvailable()) << (module ? module : "(null)");
         EXPECT_FALSE(cad._DrawBild(nullptr, "bild.jpg", 0, 0, 10, 10, 260, &clip));

@@ -26,10 +26,7 @@ public:
 
     explicit Tiff(bool little) : m_le(little) {}
 
-    Bytes U16(unsigned v) const
-    {
-        return m_le ? Bytes{BYTE(v), BYTE(v >> 8)} : Bytes{BYTE(v >> 8), BYTE(v)};
-    }
+    Bytes U16(unsigned v) const { return m_le ? Bytes{BYTE(v), BYTE(v >> 8)} : Bytes{BYTE(v >> 8), BYTE(v)}; }
     Bytes U32(DWORD v) const
     {
         return m_le ? Bytes{BYTE(v), BYTE(v >> 8), BYTE(v >> 16), BYTE(v >> 24)}
@@ -47,8 +44,7 @@ public:
     E Rationals(WORD tag, std::vector<std::pair<long long, long long>> v, WORD type = 5) const
     {
         E e{tag, type, DWORD(v.size()), {}};
-        for (auto [n, d] : v)
-        {
+        for (auto [n, d] : v) {
             Append(e.value, U32(DWORD(n)));
             Append(e.value, U32(DWORD(d)));
         }
@@ -58,8 +54,8 @@ public:
     E Undefined(WORD tag, const Bytes& b) const { return {tag, 7, DWORD(b.size()), b}; }
 
     // Header, the directories one after the other, then the long values.
-    Bytes Build(std::vector<E> ifd0, const std::vector<E>& exif = {},
-                const std::vector<E>& gps = {}, const std::vector<E>& ifd1 = {}) const
+    Bytes Build(std::vector<E> ifd0, const std::vector<E>& exif = {}, const std::vector<E>& gps = {},
+                const std::vector<E>& ifd1 = {}) const
     {
         auto size = [](size_t n) { return DWORD(2 + 12 * n + 4); };
         const size_t ifd0Count = ifd0.size() + !exif.empty() + !gps.empty();
@@ -78,19 +74,15 @@ public:
         Bytes data;
         auto directory = [&](const std::vector<E>& entries, DWORD next) {
             Append(out, U16(unsigned(entries.size())));
-            for (const E& e : entries)
-            {
+            for (const E& e : entries) {
                 Append(out, U16(e.tag));
                 Append(out, U16(e.type));
                 Append(out, U32(e.count));
-                if (e.value.size() <= 4)
-                {
+                if (e.value.size() <= 4) {
                     Bytes inline4 = e.value;
                     inline4.resize(4);
                     Append(out, inline4);
-                }
-                else
-                {
+                } else {
                     Append(out, U32(DWORD(dataOff + data.size())));
                     Append(data, e.value);
                     if (data.size() & 1)
@@ -137,18 +129,15 @@ Bytes App1(const Bytes& tiff)
 // A camera-like block: IFD0 make, model, orientation; an Exif IFD; GPS; IFD1.
 Bytes CameraBlock(const Tiff& t, int orientation = 6)
 {
-    return t.Build(
-        {t.Ascii(0x010F, "Canon  "), t.Ascii(0x0110, "EOS 5D"), t.Short(0x0112, orientation),
-         t.Ascii(0x0132, "2020:01:02 03:04:05"), t.Rational(0x011A, 300, 1), t.Short(0x0128, 2)},
-        {t.Rational(0x829A, 1, 250), t.Rational(0x829D, 28, 10), t.Short(0x8827, 400),
-         t.Ascii(0x9003, "2019:12:31 23:59:58"), t.Rational(0x920A, 50, 1), t.Short(0x9209, 0x19),
-         t.Long(0xA002, 4000), t.Short(0xA003, 3000),
-         t.Rationals(0x9204, {{-2, 3}}, 10), t.Undefined(0x9000, ToBytes("0230")),
-         t.Undefined(0xC0DE, {1, 2, 3, 4, 5, 6})},
-        {t.Ascii(0x01, "S"), t.Rationals(0x02, {{48, 1}, {8, 1}, {30, 1}}), t.Ascii(0x03, "W"),
-         t.Rationals(0x04, {{11, 1}, {34, 1}, {3600, 100}}), t.Byte(0x05, 1),
-         t.Rational(0x06, 5195, 10)},
-        {t.Short(0x0103, 6), t.Long(0x0201, 0), t.Long(0x0202, 0)});
+    return t.Build({t.Ascii(0x010F, "Canon  "), t.Ascii(0x0110, "EOS 5D"), t.Short(0x0112, orientation),
+                    t.Ascii(0x0132, "2020:01:02 03:04:05"), t.Rational(0x011A, 300, 1), t.Short(0x0128, 2)},
+                   {t.Rational(0x829A, 1, 250), t.Rational(0x829D, 28, 10), t.Short(0x8827, 400),
+                    t.Ascii(0x9003, "2019:12:31 23:59:58"), t.Rational(0x920A, 50, 1), t.Short(0x9209, 0x19),
+                    t.Long(0xA002, 4000), t.Short(0xA003, 3000), t.Rationals(0x9204, {{-2, 3}}, 10),
+                    t.Undefined(0x9000, ToBytes("0230")), t.Undefined(0xC0DE, {1, 2, 3, 4, 5, 6})},
+                   {t.Ascii(0x01, "S"), t.Rationals(0x02, {{48, 1}, {8, 1}, {30, 1}}), t.Ascii(0x03, "W"),
+                    t.Rationals(0x04, {{11, 1}, {34, 1}, {3600, 100}}), t.Byte(0x05, 1), t.Rational(0x06, 5195, 10)},
+                   {t.Short(0x0103, 6), t.Long(0x0201, 0), t.Long(0x0202, 0)});
 }
 
 struct SeenTag
@@ -162,21 +151,18 @@ struct SeenTag
 
 void Collect(const ExifTag& tag, void* context)
 {
-    static_cast<std::vector<SeenTag>*>(context)->push_back(
-        {tag.ifd, tag.name, tag.text, tag.isNumber, tag.number});
+    static_cast<std::vector<SeenTag>*>(context)->push_back({tag.ifd, tag.name, tag.text, tag.isNumber, tag.number});
 }
 
 }  // namespace
 
 TEST(ExifBlock, ReadsTheCameraRecordInBothByteOrders)
 {
-    for (bool little : {true, false})
-    {
+    for (bool little : {true, false}) {
         const Tiff t(little);
         tag_ExifInfo info;
         Cexif exif(&info);
-        ASSERT_TRUE(exif.DecodeExif(JpegWith({App1(CameraBlock(t))}).data(),
-                                    JpegWith({App1(CameraBlock(t))}).size()))
+        ASSERT_TRUE(exif.DecodeExif(JpegWith({App1(CameraBlock(t))}).data(), JpegWith({App1(CameraBlock(t))}).size()))
             << exif.GetLastError().GetString();
         SCOPED_TRACE(little ? "II" : "MM");
         EXPECT_TRUE(info.IsExif);
@@ -207,34 +193,30 @@ TEST(ExifBlock, ReadsTheCameraRecordInBothByteOrders)
 
 TEST(ExifBlock, TagCallbackNamesEveryTagWithItsDirectoryAndText)
 {
-    for (bool little : {true, false})
-    {
+    for (bool little : {true, false}) {
         const Tiff t(little);
         std::vector<SeenTag> seen;
         Cexif exif;
         ASSERT_TRUE(exif.DecodeExifBlock(CameraBlock(t).data(), CameraBlock(t).size(), Collect, &seen));
-        const struct { const char* ifd; const char* name; const char* text; } expected[] = {
-            {"IFD0", "Make", "Canon"},
-            {"IFD0", "Orientation", "6"},
-            {"IFD0", "ExifIFDPointer", nullptr},
-            {"ExifIFD", "ExposureTime", "0.004"},
-            {"ExifIFD", "FNumber", "2.8"},
-            {"ExifIFD", "ExposureBiasValue", "-0.6666666667"},
-            {"ExifIFD", "ExifVersion", "0230"},
-            {"ExifIFD", "Tag0xC0DE", "1 2 3 4 5 6"},
-            {"GPS", "GPSLatitudeRef", "S"},
-            {"GPS", "GPSLatitude", "48 8 30"},
-            {"GPS", "GPSLongitude", "11 34 36"},
-            {"IFD1", "Compression", "6"},
+        const struct
+        {
+            const char* ifd;
+            const char* name;
+            const char* text;
+        } expected[] = {
+            {"IFD0", "Make", "Canon"},           {"IFD0", "Orientation", "6"},
+            {"IFD0", "ExifIFDPointer", nullptr}, {"ExifIFD", "ExposureTime", "0.004"},
+            {"ExifIFD", "FNumber", "2.8"},       {"ExifIFD", "ExposureBiasValue", "-0.6666666667"},
+            {"ExifIFD", "ExifVersion", "0230"},  {"ExifIFD", "Tag0xC0DE", "1 2 3 4 5 6"},
+            {"GPS", "GPSLatitudeRef", "S"},      {"GPS", "GPSLatitude", "48 8 30"},
+            {"GPS", "GPSLongitude", "11 34 36"}, {"IFD1", "Compression", "6"},
         };
         size_t at = 0;
-        for (const auto& e : expected)
-        {
+        for (const auto& e : expected) {
             while (at < seen.size() && !(seen[at].ifd == e.ifd && seen[at].name == e.name))
                 ++at;
             ASSERT_LT(at, seen.size()) << e.ifd << " " << e.name << " missing or out of order";
-            if (e.text)
-            {
+            if (e.text) {
                 EXPECT_EQ(seen[at].text, e.text) << e.name;
             }
         }
@@ -255,16 +237,19 @@ TEST(ExifBlock, FallsBackToApexValuesOlderDatesAndRejectsOddValues)
     } cases[] = {
         {"apex values only", {}, {t.Rational(0x9201, 8, 1), t.Rational(0x9202, 4, 1)}, 1.0 / 256, 4.0, "", 0},
         {"exposure wins over apex", {}, {t.Rational(0x829A, 1, 60), t.Rational(0x9201, 8, 1)}, 1.0 / 60, 0, "", 0},
-        {"digitized when no original", {t.Ascii(0x0132, "2001:01:01 00:00:00")},
-         {t.Ascii(0x9004, "2002:02:02 00:00:00")}, 0, 0, "2002:02:02 00:00:00", 0},
-        {"modified when no capture time", {t.Ascii(0x0132, "2001:01:01 00:00:00")}, {}, 0, 0,
-         "2001:01:01 00:00:00", 0},
+        {"digitized when no original",
+         {t.Ascii(0x0132, "2001:01:01 00:00:00")},
+         {t.Ascii(0x9004, "2002:02:02 00:00:00")},
+         0,
+         0,
+         "2002:02:02 00:00:00",
+         0},
+        {"modified when no capture time", {t.Ascii(0x0132, "2001:01:01 00:00:00")}, {}, 0, 0, "2001:01:01 00:00:00", 0},
         {"zero denominator", {t.Short(0x0112, 8)}, {t.Rational(0x829A, 1, 0), t.Rational(0x829D, 0, 0)}, 0, 0, "", 8},
         {"orientation out of range", {t.Short(0x0112, 9)}, {}, 0, 0, "", 0},
         {"orientation zero", {t.Short(0x0112, 0)}, {}, 0, 0, "", 0},
     };
-    for (const Case& c : cases)
-    {
+    for (const Case& c : cases) {
         tag_ExifInfo info;
         Cexif exif(&info);
         std::vector<Tiff::E> ifd0 = c.ifd0;
@@ -280,23 +265,24 @@ TEST(ExifBlock, FallsBackToApexValuesOlderDatesAndRejectsOddValues)
 
 TEST(ExifBlock, UserCommentInEachCharacterCode)
 {
-    for (bool little : {true, false})
-    {
+    for (bool little : {true, false}) {
         const Tiff t(little);
         Bytes unicode = ToBytes(std::string("UNICODE\0", 8));
-        for (unsigned cp : {0x47u, 0xFCu, 0x20ACu, 0x3A9u, 0x20u})
-        {
+        for (unsigned cp : {0x47u, 0xFCu, 0x20ACu, 0x3A9u, 0x20u}) {
             const Bytes c = t.U16(cp);
             unicode.insert(unicode.end(), c.begin(), c.end());
         }
-        const struct { Bytes payload; const char* text; } cases[] = {
+        const struct
+        {
+            Bytes payload;
+            const char* text;
+        } cases[] = {
             {ToBytes(std::string("ASCII\0\0\0Hallo  ", 15)), "Hallo"},
             {ToBytes(std::string("\0\0\0\0\0\0\0\0Grün\0junk", 17)), "Grün"},
             {unicode, "Gü€?"},
             {ToBytes("ASC"), ""},
         };
-        for (const auto& c : cases)
-        {
+        for (const auto& c : cases) {
             tag_ExifInfo info;
             Cexif exif(&info);
             const Bytes block = t.Build({t.Ascii(0x010F, "X")}, {t.Undefined(0x9286, c.payload)});
@@ -309,16 +295,15 @@ TEST(ExifBlock, UserCommentInEachCharacterCode)
 TEST(ExifBlock, TextsInUtf8AreConvertedAndOthersTakenAsCp1252)
 {
     const Tiff t(true);
-    const struct { std::string stored; const char* text; } cases[] = {
-        {"Gr\xC3\xBCn \xE2\x82\xAC", "Grün €"},
-        {"Grün", "Grün"},
-        {"Canon \xCE\xA9", "Canon ?"},
-        {"a\xC3", "a\xC3"},
-        {"\xC3\xBC\xFC", "\xC3\xBC\xFC"},
-        {"plain", "plain"},
-    };
-    for (const auto& c : cases)
+    const struct
     {
+        std::string stored;
+        const char* text;
+    } cases[] = {
+        {"Gr\xC3\xBCn \xE2\x82\xAC", "Grün €"}, {"Grün", "Grün"},   {"Canon \xCE\xA9", "Canon ?"}, {"a\xC3", "a\xC3"},
+        {"\xC3\xBC\xFC", "\xC3\xBC\xFC"},       {"plain", "plain"},
+    };
+    for (const auto& c : cases) {
         tag_ExifInfo info;
         Cexif exif(&info);
         const Bytes block = t.Build({t.Ascii(0x010F, c.stored)});
@@ -329,7 +314,11 @@ TEST(ExifBlock, TextsInUtf8AreConvertedAndOthersTakenAsCp1252)
 
 TEST(ExifCorrupt, BrokenHeadersGiveNoExifWithAReason)
 {
-    const struct { const char* what; Bytes block; } cases[] = {
+    const struct
+    {
+        const char* what;
+        Bytes block;
+    } cases[] = {
         {"empty", {}},
         {"only the Exif tag", ToBytes(std::string("Exif\0\0", 6))},
         {"wrong magic", {'I', 'I', 43, 0, 8, 0, 0, 0, 0, 0}},
@@ -337,8 +326,7 @@ TEST(ExifCorrupt, BrokenHeadersGiveNoExifWithAReason)
         {"IFD0 past the end", {'I', 'I', 42, 0, 0xF0, 0xFF, 0xFF, 0xFF, 0, 0}},
         {"IFD0 without its count", {'M', 'M', 0, 42, 0, 0, 0, 9, 0}},
     };
-    for (const auto& c : cases)
-    {
+    for (const auto& c : cases) {
         tag_ExifInfo info;
         info.CameraMake = "stale";
         Cexif exif(&info);
@@ -351,12 +339,10 @@ TEST(ExifCorrupt, BrokenHeadersGiveNoExifWithAReason)
 
 TEST(ExifCorrupt, KeepsWhatWasValidBeforeAFault)
 {
-    for (bool little : {true, false})
-    {
+    for (bool little : {true, false}) {
         const Tiff t(little);
         // IFD0: Make, Model, ExposureTime (8 bytes at a data offset), Exif pointer.
-        const Bytes base = t.Build({t.Ascii(0x010F, "Make"), t.Ascii(0x0110, "Model"),
-                                    t.Rational(0x829A, 1, 8)},
+        const Bytes base = t.Build({t.Ascii(0x010F, "Make"), t.Ascii(0x0110, "Model"), t.Rational(0x829A, 1, 8)},
                                    {t.Short(0x8827, 200)});
         auto entry = [](int i) { return size_t(8 + 2 + 12 * i); };
         const size_t next0 = entry(4);
@@ -372,25 +358,29 @@ TEST(ExifCorrupt, KeepsWhatWasValidBeforeAFault)
             {"intact", [](const Tiff&, Bytes&, size_t (*)(int), size_t) {}, "Make", "Model", 0.125, 200},
             {"IFD0 names itself as next", [](const Tiff& t, Bytes& b, size_t (*)(int), size_t n) { t.Put32(b, n, 8); },
              "Make", "Model", 0.125, 200},
-            {"Exif pointer back to IFD0", [](const Tiff& t, Bytes& b, size_t (*e)(int), size_t) { t.Put32(b, e(3) + 8, 8); },
-             "Make", "Model", 0.125, 0},
-            {"Exif pointer past the end", [](const Tiff& t, Bytes& b, size_t (*e)(int), size_t) { t.Put32(b, e(3) + 8, 0xFFFFFFF0); },
-             "Make", "Model", 0.125, 0},
-            {"value offset past the end", [](const Tiff& t, Bytes& b, size_t (*e)(int), size_t) { t.Put32(b, e(0) + 8, DWORD(b.size() - 2)); },
-             "", "Model", 0.125, 200},
-            {"count whose size overflows 32 bits", [](const Tiff& t, Bytes& b, size_t (*e)(int), size_t) { t.Put32(b, e(2) + 4, 0x20000001); },
-             "Make", "Model", 0, 200},
+            {"Exif pointer back to IFD0",
+             [](const Tiff& t, Bytes& b, size_t (*e)(int), size_t) { t.Put32(b, e(3) + 8, 8); }, "Make", "Model", 0.125,
+             0},
+            {"Exif pointer past the end",
+             [](const Tiff& t, Bytes& b, size_t (*e)(int), size_t) { t.Put32(b, e(3) + 8, 0xFFFFFFF0); }, "Make",
+             "Model", 0.125, 0},
+            {"value offset past the end",
+             [](const Tiff& t, Bytes& b, size_t (*e)(int), size_t) { t.Put32(b, e(0) + 8, DWORD(b.size() - 2)); }, "",
+             "Model", 0.125, 200},
+            {"count whose size overflows 32 bits",
+             [](const Tiff& t, Bytes& b, size_t (*e)(int), size_t) { t.Put32(b, e(2) + 4, 0x20000001); }, "Make",
+             "Model", 0, 200},
             {"huge count", [](const Tiff& t, Bytes& b, size_t (*e)(int), size_t) { t.Put32(b, e(1) + 4, 0xFFFFFFFF); },
              "Make", "", 0.125, 200},
-            {"unknown type", [](const Tiff& t, Bytes& b, size_t (*e)(int), size_t) { t.Put16(b, e(0) + 2, 99); },
-             "", "Model", 0.125, 200},
-            {"entry count beyond the block", [](const Tiff& t, Bytes& b, size_t (*)(int), size_t) { t.Put16(b, 8, 5000); },
-             "Make", "Model", 0.125, 200},
-            {"block cut inside IFD0", [](const Tiff&, Bytes& b, size_t (*e)(int), size_t) { b.resize(e(2)); },
-             "", "", 0, 0},
+            {"unknown type", [](const Tiff& t, Bytes& b, size_t (*e)(int), size_t) { t.Put16(b, e(0) + 2, 99); }, "",
+             "Model", 0.125, 200},
+            {"entry count beyond the block",
+             [](const Tiff& t, Bytes& b, size_t (*)(int), size_t) { t.Put16(b, 8, 5000); }, "Make", "Model", 0.125,
+             200},
+            {"block cut inside IFD0", [](const Tiff&, Bytes& b, size_t (*e)(int), size_t) { b.resize(e(2)); }, "", "",
+             0, 0},
         };
-        for (const Case& c : cases)
-        {
+        for (const Case& c : cases) {
             Bytes block = base;
             c.mutate(t, block, entry, next0);
             std::vector<SeenTag> seen;
@@ -416,14 +406,25 @@ TEST(ExifJpeg, FindsTheExifSegmentAmongOthersAndTheFrameSize)
     const Bytes jfif = Segment(0xE0, ToBytes(std::string("JFIF\0\1\1\0\0\1\0\1\0\0", 14)));
     const Bytes first = App1(t.Build({t.Ascii(0x010F, "First")}));
     const Bytes second = App1(t.Build({t.Ascii(0x010F, "Second")}, {t.Long(0xA002, 640), t.Long(0xA003, 480)}));
-    const struct { const char* what; Bytes jpeg; const char* make; int width, height; } cases[] = {
+    const struct
+    {
+        const char* what;
+        Bytes jpeg;
+        const char* make;
+        int width, height;
+    } cases[] = {
         {"after APP0 and XMP", JpegWith({jfif, xmp, first}), "First", 8, 8},
         {"first of two", JpegWith({first, second}), "First", 8, 8},
         {"with pixel dimensions", JpegWith({second, first}), "Second", 640, 480},
-        {"with fill bytes before markers", [&] { Bytes j = JpegWith({first}); j.insert(j.begin() + 2, 3, 0xFF); return j; }(), "First", 8, 8},
+        {"with fill bytes before markers",
+         [&] {
+             Bytes j = JpegWith({first});
+             j.insert(j.begin() + 2, 3, 0xFF);
+             return j;
+         }(),
+         "First", 8, 8},
     };
-    for (const auto& c : cases)
-    {
+    for (const auto& c : cases) {
         tag_ExifInfo info;
         Cexif exif(&info);
         EXPECT_TRUE(exif.DecodeExif(c.jpeg.data(), c.jpeg.size())) << c.what;
@@ -447,7 +448,14 @@ TEST(ExifJpeg, BrokenStreamsGiveNoExifOrKeepTheCutSegment)
     garbage[2] = 0x00;
     Bytes afterScan = kGrey8Jpeg;
     afterScan.insert(afterScan.end() - 2, app1.begin(), app1.end());
-    const struct { const char* what; Bytes jpeg; bool found; const char* make; const char* model; } cases[] = {
+    const struct
+    {
+        const char* what;
+        Bytes jpeg;
+        bool found;
+        const char* make;
+        const char* model;
+    } cases[] = {
         {"not a JPEG", ToBytes("\x89PNG\r\n\x1a\n"), false, "", ""},
         {"empty", {}, false, "", ""},
         {"only SOI", {0xFF, 0xD8}, false, "", ""},
@@ -458,8 +466,7 @@ TEST(ExifJpeg, BrokenStreamsGiveNoExifOrKeepTheCutSegment)
         {"EXIF after the scan", afterScan, false, "", ""},
         {"intact", withExif, true, "Make", "Model with a long name"},
     };
-    for (const auto& c : cases)
-    {
+    for (const auto& c : cases) {
         tag_ExifInfo info;
         Cexif exif(&info);
         EXPECT_EQ(exif.DecodeExif(c.jpeg.data(), c.jpeg.size()), c.found) << c.what;
@@ -473,8 +480,7 @@ TEST(ExifJpeg, BrokenStreamsGiveNoExifOrKeepTheCutSegment)
 TEST(ExifFile, ReadsFromTheFilePositionAndRecordsEveryTagInAStore)
 {
     const Bytes jpeg = JpegWith({App1(CameraBlock(Tiff(true), 8))});
-    const std::string path =
-        (std::filesystem::temp_directory_path() / "twutil_exif_file_test.jpg").string();
+    const std::string path = (std::filesystem::temp_directory_path() / "twutil_exif_file_test.jpg").string();
     FILE* out = std::fopen(path.c_str(), "wb");
     ASSERT_NE(out, nullptr);
     std::fwrite("junk", 1, 4, out);
@@ -536,25 +542,29 @@ TEST(ExifPeer, AgreesWithExiftoolInBothByteOrdersAndOrientations)
         {"II", "cp1252", 6, "Grün & Söhne", "Modell Ü", "2005:02:03 04:05:06", "0.0005", "11", 800, "200", 25, 1, 1},
         {"MM", "cp1252", 3, "Fuji", "X-T4 ß", "2010:10:10 10:10:10", "30", "22", 160, "16", 16, 4000, 6000},
     };
-    for (const auto& c : cases)
-    {
+    for (const auto& c : cases) {
         SCOPED_TRACE(std::string(c.order) + " " + std::to_string(c.orientation) + " " + c.exifCharset);
         TempFolder folder;
         ASSERT_TRUE(folder.Ok());
         const std::string picture = folder.File("peer.jpg");
-        std::vector<std::string> args = {
-            "-ExifByteOrder=" + std::string(c.order),
-            "-Orientation#=" + std::to_string(c.orientation), Utf8("-Make=" + std::string(c.make)),
-            Utf8("-Model=" + std::string(c.model)), "-DateTimeOriginal=" + std::string(c.date),
-            "-ExposureTime=" + std::string(c.exposure), "-FNumber=" + std::string(c.fnumber),
-            "-ISO=" + std::to_string(c.iso), "-FocalLength=" + std::string(c.focal),
-            "-ExifIFD:Flash#=" + std::to_string(c.flash),
-            "-ExifIFD:ExifImageWidth=" + std::to_string(c.width),
-            "-ExifIFD:ExifImageHeight=" + std::to_string(c.height), "-GPSLatitude=52.5",
-            "-GPSLatitudeRef=S", "-GPSLongitude=13.25", "-GPSLongitudeRef=W"};
+        std::vector<std::string> args = {"-ExifByteOrder=" + std::string(c.order),
+                                         "-Orientation#=" + std::to_string(c.orientation),
+                                         Utf8("-Make=" + std::string(c.make)),
+                                         Utf8("-Model=" + std::string(c.model)),
+                                         "-DateTimeOriginal=" + std::string(c.date),
+                                         "-ExposureTime=" + std::string(c.exposure),
+                                         "-FNumber=" + std::string(c.fnumber),
+                                         "-ISO=" + std::to_string(c.iso),
+                                         "-FocalLength=" + std::string(c.focal),
+                                         "-ExifIFD:Flash#=" + std::to_string(c.flash),
+                                         "-ExifIFD:ExifImageWidth=" + std::to_string(c.width),
+                                         "-ExifIFD:ExifImageHeight=" + std::to_string(c.height),
+                                         "-GPSLatitude=52.5",
+                                         "-GPSLatitudeRef=S",
+                                         "-GPSLongitude=13.25",
+                                         "-GPSLongitudeRef=W"};
         std::string readOptions;
-        if (*c.exifCharset)
-        {
+        if (*c.exifCharset) {
             args.insert(args.begin(), {"-charset", "exif=" + std::string(c.exifCharset)});
             readOptions = "-charset exif=" + std::string(c.exifCharset);
         }
@@ -597,10 +607,10 @@ TEST(ExifPeer, GoesPastExiftoolsOwnTagsToTheSameRecordInAStore)
     TempFolder folder;
     ASSERT_TRUE(folder.Ok());
     const std::string picture = folder.File("store.jpg");
-    const std::string json = ExiftoolWrite(
-        folder, {"-ExifByteOrder=II", "-Orientation#=5", "-Software=twutil", Utf8("-Artist=Jörg"),
-                 "-ExposureCompensation=-1.5", "-ISO=250"},
-        picture);
+    const std::string json = ExiftoolWrite(folder,
+                                           {"-ExifByteOrder=II", "-Orientation#=5", "-Software=twutil",
+                                            Utf8("-Artist=Jörg"), "-ExposureCompensation=-1.5", "-ISO=250"},
+                                           picture);
     const ExiftoolJson peer(json);
 
     FILE* in = std::fopen(picture.c_str(), "rb");
@@ -612,8 +622,7 @@ TEST(ExifPeer, GoesPastExiftoolsOwnTagsToTheSameRecordInAStore)
     EXPECT_EQ(store.getInt("EXIF.Orientation"), int(peer.Number("IFD0:Orientation")));
     EXPECT_EQ(std::string(store.getString("EXIF.Software")), Cp1252(peer.Text("IFD0:Software")));
     EXPECT_EQ(std::string(store.getString("EXIF.Artist")), Cp1252(peer.Text("IFD0:Artist")));
-    EXPECT_DOUBLE_EQ(store.getDouble("EXIF.ExposureBiasValue"),
-                     peer.Number("ExifIFD:ExposureCompensation"));
+    EXPECT_DOUBLE_EQ(store.getDouble("EXIF.ExposureBiasValue"), peer.Number("ExifIFD:ExposureCompensation"));
     EXPECT_EQ(store.getInt("EXIF.ISOSpeedRatings"), int(peer.Number("ExifIFD:ISO")));
     EXPECT_DOUBLE_EQ(store.getDouble("EXIF.XResolution"), peer.Number("IFD0:XResolution"));
 }

@@ -80,11 +80,10 @@ TEST(FileName, BlanksAndOnePairOfQuotesAroundThePathAreRemoved)
 TEST(FileName, PartsGiveThePathBack)
 {
     const char* paths[] = {
-        "C:\\Bilder\\Strand.jpg", "\\\\server\\share\\x\\y.z", "a.b.c", "C:/x/y", "\\\\?\\C:\\a",
-        "http://host/a.html", "",
+        "C:\\Bilder\\Strand.jpg", "\\\\server\\share\\x\\y.z", "a.b.c", "C:/x/y",
+        "\\\\?\\C:\\a",           "http://host/a.html",        "",
     };
-    for (const char* path : paths)
-    {
+    for (const char* path : paths) {
         const CFileName f{CString(path)};
         EXPECT_STREQ(f.GetFilenameFull(), path);
         EXPECT_EQ(f.GetPath() + f.GetNameExt(), CString(path));
@@ -117,19 +116,18 @@ TEST(FileName, PictureExtensionsWithAndWithoutOtherFormats)
         BOOL shown;
         BOOL all;
     } cases[] = {
-        {"a.jpg", TRUE, TRUE},    {"a.JPEG", TRUE, TRUE},   {"a.Jpe", TRUE, TRUE},
-        {"a.jfif", TRUE, TRUE},   {"a.bmp", TRUE, TRUE},    {"a.dib", TRUE, TRUE},
-        {"a.gif", TRUE, TRUE},    {"a.png", TRUE, TRUE},    {"a.ico", TRUE, TRUE},
-        {"a.wmf", TRUE, TRUE},    {"a.emf", TRUE, TRUE},    {"a.tif", FALSE, TRUE},
-        {"a.TIFF", FALSE, TRUE},  {"a.webp", FALSE, TRUE},  {"a.heic", FALSE, TRUE},
-        {"a.nef", FALSE, TRUE},   {"a.CR2", FALSE, TRUE},   {"a.dng", FALSE, TRUE},
-        {"a.psd", FALSE, TRUE},   {"a.svg", FALSE, TRUE},   {"a.txt", FALSE, FALSE},
-        {"a.jpg.txt", FALSE, FALSE}, {"jpg", FALSE, FALSE}, {"a.", FALSE, FALSE},
-        {"a.jp", FALSE, FALSE},   {"a.jpgx", FALSE, FALSE}, {"C:\\bilder.jpg\\x", FALSE, FALSE},
+        {"a.jpg", TRUE, TRUE},       {"a.JPEG", TRUE, TRUE},   {"a.Jpe", TRUE, TRUE},
+        {"a.jfif", TRUE, TRUE},      {"a.bmp", TRUE, TRUE},    {"a.dib", TRUE, TRUE},
+        {"a.gif", TRUE, TRUE},       {"a.png", TRUE, TRUE},    {"a.ico", TRUE, TRUE},
+        {"a.wmf", TRUE, TRUE},       {"a.emf", TRUE, TRUE},    {"a.tif", FALSE, TRUE},
+        {"a.TIFF", FALSE, TRUE},     {"a.webp", FALSE, TRUE},  {"a.heic", FALSE, TRUE},
+        {"a.nef", FALSE, TRUE},      {"a.CR2", FALSE, TRUE},   {"a.dng", FALSE, TRUE},
+        {"a.psd", FALSE, TRUE},      {"a.svg", FALSE, TRUE},   {"a.txt", FALSE, FALSE},
+        {"a.jpg.txt", FALSE, FALSE}, {"jpg", FALSE, FALSE},    {"a.", FALSE, FALSE},
+        {"a.jp", FALSE, FALSE},      {"a.jpgx", FALSE, FALSE}, {"C:\\bilder.jpg\\x", FALSE, FALSE},
         {"a.mp4", FALSE, FALSE},
     };
-    for (auto& c : cases)
-    {
+    for (auto& c : cases) {
         const CFileName f{CString(c.path)};
         EXPECT_EQ(f.IsPicture(0), c.shown) << c.path;
         EXPECT_EQ(f.IsPicture(), c.shown) << c.path;
@@ -145,9 +143,9 @@ TEST(FileName, MovieExtensions)
         const char* path;
         BOOL movie;
     } cases[] = {
-        {"a.avi", TRUE}, {"a.MPG", TRUE}, {"a.mpeg", TRUE}, {"a.mp4", TRUE}, {"a.mov", TRUE},
-        {"a.wmv", TRUE}, {"a.mkv", TRUE}, {"a.webm", TRUE}, {"a.m2ts", TRUE}, {"a.3gp", TRUE},
-        {"a.mp3", FALSE}, {"a.jpg", FALSE}, {"a", FALSE},  {"a.avi.bak", FALSE},
+        {"a.avi", TRUE},  {"a.MPG", TRUE},  {"a.mpeg", TRUE}, {"a.mp4", TRUE},      {"a.mov", TRUE},
+        {"a.wmv", TRUE},  {"a.mkv", TRUE},  {"a.webm", TRUE}, {"a.m2ts", TRUE},     {"a.3gp", TRUE},
+        {"a.mp3", FALSE}, {"a.jpg", FALSE}, {"a", FALSE},     {"a.avi.bak", FALSE},
     };
     for (auto& c : cases)
         EXPECT_EQ(CFileName(c.path).IsMovie(), c.movie) << c.path;
@@ -237,8 +235,7 @@ TEST(FileName, ShortenedPathKeepsDriveAndTheLastFoldersThatFit)
         {-100, "St...jpg"},
     };
     const CFileName f{CString(path)};
-    for (auto& c : cases)
-    {
+    for (auto& c : cases) {
         const CString shown = f.GetFilenameFullShorted(c.max);
         EXPECT_STREQ(shown, c.shown) << c.max;
         EXPECT_LE(shown.GetLength(), std::max(c.max, 8)) << c.max;
@@ -267,8 +264,7 @@ TEST(FileName, ShortenedPathForNetworkRelativeAndSlashPaths)
         {"C:\\Ordner\\.sehrlangeendung", 10, ".sehrla..."},
         {"C:\\EinSehrLangerOrdnername\\", 12, "C:\\...\\"},
     };
-    for (auto& c : cases)
-    {
+    for (auto& c : cases) {
         const CString shown = CFileName(c.path).GetFilenameFullShorted(c.max);
         EXPECT_STREQ(shown, c.shown) << c.path << " " << c.max;
         EXPECT_LE(shown.GetLength(), c.max) << c.path;

@@ -23,10 +23,8 @@ inline void RemoveTree(const CString& folder)
 {
     WIN32_FIND_DATAA found;
     HANDLE search = FindFirstFileA(folder + "\\*", &found);
-    if (search != INVALID_HANDLE_VALUE)
-    {
-        do
-        {
+    if (search != INVALID_HANDLE_VALUE) {
+        do {
             const CString name = found.cFileName;
             if (name == "." || name == "..")
                 continue;
@@ -87,7 +85,8 @@ inline bool WriteText(const CString& path, const std::string& text)
 // The file's content; empty when it cannot be read.
 inline std::string ReadText(const CString& path)
 {
-    HANDLE file = CreateFileA(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr);
+    HANDLE file =
+        CreateFileA(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr);
     if (file == INVALID_HANDLE_VALUE)
         return std::string();
     std::string text;

@@ -48,9 +48,9 @@ Bytes App13(const Bytes& resources)
     return Segment(0xED, body);
 }
 
-const Bytes kIim = Join({Dataset(2, 0, std::string("\0\4", 2)), Dataset(2, 120, "Grüße aus Köln"),
-                         Dataset(2, 25, "Dom"), Dataset(2, 25, "Rhein"), Dataset(2, 80, "Jörg"),
-                         Dataset(2, 90, "Köln")});
+const Bytes kIim =
+    Join({Dataset(2, 0, std::string("\0\4", 2)), Dataset(2, 120, "Grüße aus Köln"), Dataset(2, 25, "Dom"),
+          Dataset(2, 25, "Rhein"), Dataset(2, 80, "Jörg"), Dataset(2, 90, "Köln")});
 
 std::vector<std::string> Texts(const CIPTC& iptc, int record, int dataset)
 {
@@ -68,13 +68,15 @@ TEST(IptcRecords, KeepsEveryDatasetInFileOrderWithRepeatedKeywords)
 {
     CIPTC iptc;
     ASSERT_EQ(iptc.DecodeIIM(kIim.data(), kIim.size()), 1);
-    const struct { int record, dataset; const char* text; } expected[] = {
-        {2, 0, "4"}, {2, 120, "Grüße aus Köln"}, {2, 25, "Dom"}, {2, 25, "Rhein"},
-        {2, 80, "Jörg"}, {2, 90, "Köln"},
+    const struct
+    {
+        int record, dataset;
+        const char* text;
+    } expected[] = {
+        {2, 0, "4"}, {2, 120, "Grüße aus Köln"}, {2, 25, "Dom"}, {2, 25, "Rhein"}, {2, 80, "Jörg"}, {2, 90, "Köln"},
     };
     ASSERT_EQ(iptc.GetCount(), INT_PTR(std::size(expected)));
-    for (size_t i = 0; i < std::size(expected); ++i)
-    {
+    for (size_t i = 0; i < std::size(expected); ++i) {
         EXPECT_EQ(iptc.GetAt(i).record, expected[i].record) << i;
         EXPECT_EQ(iptc.GetAt(i).dataset, expected[i].dataset) << i;
         EXPECT_STREQ(iptc.GetAt(i).text, expected[i].text) << i;
@@ -92,23 +94,40 @@ TEST(IptcRecords, KeepsEveryDatasetInFileOrderWithRepeatedKeywords)
 TEST(IptcRecords, ConvertsUtf8WhenTheEnvelopeSaysSo)
 {
     const std::string esc = "\x1B%G";
-    const struct { const char* what; std::string charset; std::string bytes; const char* text; } cases[] = {
-        {"umlauts", esc, "Gr\xC3\xBC\xC3\x9F" "e", "Grüße"},
-        {"euro and dashes", esc, "\xE2\x82\xAC \xE2\x80\x93 \xE2\x80\x9E" "a\xE2\x80\x9C", "€ – „a“"},
+    const struct
+    {
+        const char* what;
+        std::string charset;
+        std::string bytes;
+        const char* text;
+    } cases[] = {
+        {"umlauts", esc,
+         "Gr\xC3\xBC\xC3\x9F"
+         "e",
+         "Grüße"},
+        {"euro and dashes", esc,
+         "\xE2\x82\xAC \xE2\x80\x93 \xE2\x80\x9E"
+         "a\xE2\x80\x9C",
+         "€ – „a“"},
         {"outside the code page", esc, "\xCE\xA9-\xE4\xB8\xAD-\xF0\x9F\x98\x80", "?-?-?"},
         {"C1 control", esc, "\xC2\x85", "?"},
-        {"invalid bytes", esc, "a\xFF" "b\xC3", "a?b?"},
-        {"cut sequence", esc, "\xE2\x82" "x", "?" "?x"},
+        {"invalid bytes", esc,
+         "a\xFF"
+         "b\xC3",
+         "a?b?"},
+        {"cut sequence", esc,
+         "\xE2\x82"
+         "x",
+         "?"
+         "?x"},
         {"overlong", esc, "\xC0\xAF", "?"},
         {"surrogate", esc, "\xED\xA0\x80", "?"},
         {"no 1:90: bytes as they are", "", "Gr\xC3\xBC", "Gr\xC3\xBC"},
         {"other character set", "\x1B%/G", "Gr\xC3\xBC", "Gr\xC3\xBC"},
     };
-    for (const auto& c : cases)
-    {
-        const Bytes iim = c.charset.empty()
-                              ? Dataset(2, 120, c.bytes)
-                              : Join({Dataset(1, 90, c.charset), Dataset(2, 120, c.bytes)});
+    for (const auto& c : cases) {
+        const Bytes iim =
+            c.charset.empty() ? Dataset(2, 120, c.bytes) : Join({Dataset(1, 90, c.charset), Dataset(2, 120, c.bytes)});
         CIPTC iptc;
         ASSERT_EQ(iptc.DecodeIIM(iim.data(), iim.size()), 1) << c.what;
         EXPECT_EQ(std::string(iptc.GetValue(2, 120)), c.text) << c.what;
@@ -126,7 +145,13 @@ TEST(IptcRecords, CorruptDataKeepsTheDatasetsBeforeTheFault)
     auto with = [&](const Bytes& tail) { return Join({two, tail}); };
     Bytes overlong = Dataset(2, 25, "zwei");
     overlong[4] = 50;
-    const struct { const char* what; Bytes iim; int result; INT_PTR count; } cases[] = {
+    const struct
+    {
+        const char* what;
+        Bytes iim;
+        int result;
+        INT_PTR count;
+    } cases[] = {
         {"intact", two, 1, 2},
         {"trailing padding", with(Bytes(7, 0)), 1, 2},
         {"length past the end", with(overlong), 1, 2},
@@ -142,8 +167,7 @@ TEST(IptcRecords, CorruptDataKeepsTheDatasetsBeforeTheFault)
         {"no datasets", Bytes(20, 0), 0, 0},
         {"only other records", Dataset(7, 10, "x"), 0, 0},
     };
-    for (const auto& c : cases)
-    {
+    for (const auto& c : cases) {
         CIPTC iptc;
         EXPECT_EQ(iptc.DecodeIIM(c.iim.data(), c.iim.size()), c.result) << c.what;
         EXPECT_EQ(iptc.GetCount(), c.count) << c.what;
@@ -171,7 +195,13 @@ TEST(IptcJpeg, FindsResource0404InThePhotoshopSegments)
     sizePastEnd[sizeAt] = 0x7F;
     Bytes cutJpeg = JpegWith({App13(resources)});
     cutJpeg.resize(cutJpeg.size() - kGrey8Jpeg.size() + 2 - 7);
-    const struct { const char* what; Bytes jpeg; int result; INT_PTR count; } cases[] = {
+    const struct
+    {
+        const char* what;
+        Bytes jpeg;
+        int result;
+        INT_PTR count;
+    } cases[] = {
         {"after other resources", JpegWith({App13(resources)}), 1, 6},
         {"split over two segments", JpegWith({App13(split1), App13(split2)}), 1, 6},
         {"after an EXIF segment", JpegWith({Segment(0xE1, ToBytes("Exif")), App13(iptcRes)}), 1, 6},
@@ -183,8 +213,7 @@ TEST(IptcJpeg, FindsResource0404InThePhotoshopSegments)
         {"no APP13", kGrey8Jpeg, 0, 0},
         {"not a JPEG", ToBytes("GIF89a"), 0, 0},
     };
-    for (const auto& c : cases)
-    {
+    for (const auto& c : cases) {
         CIPTC iptc;
         EXPECT_EQ(iptc.OpenMemory(c.jpeg.data(), c.jpeg.size()), c.result) << c.what;
         EXPECT_EQ(iptc.GetCount(), c.count) << c.what;
@@ -193,8 +222,7 @@ TEST(IptcJpeg, FindsResource0404InThePhotoshopSegments)
 
 TEST(IptcFile, OpenFileReadsAFileAndForgetsTheLastOne)
 {
-    const std::string path =
-        (std::filesystem::temp_directory_path() / "twutil_iptc_file_test.jpg").string();
+    const std::string path = (std::filesystem::temp_directory_path() / "twutil_iptc_file_test.jpg").string();
     {
         FILE* out = std::fopen(path.c_str(), "wb");
         ASSERT_NE(out, nullptr);
@@ -220,16 +248,18 @@ TEST(IptcPeer, AgreesWithExiftoolInCp1252AndUtf8)
                                       "(tools/bootstrap.sh does)";
     // U+03A9 (not in code page 1252) can only be sent as UTF-8.
     const std::string omega = "\xCE\xA9";
-    for (bool utf8 : {false, true})
-    {
+    for (bool utf8 : {false, true}) {
         SCOPED_TRACE(utf8 ? "UTF-8" : "cp1252");
         TempFolder folder;
         ASSERT_TRUE(folder.Ok());
         const std::string picture = folder.File("iptc.jpg");
         std::vector<std::string> args = {
             Utf8("-IPTC:Caption-Abstract=Grüße aus München – 5 €"),
-            Utf8("-IPTC:Keywords=Bäume"), Utf8("-IPTC:Keywords=Straße"), Utf8("-IPTC:Keywords=Öl"),
-            Utf8("-IPTC:By-line=Jörg Müller"), Utf8("-IPTC:City=Köln"),
+            Utf8("-IPTC:Keywords=Bäume"),
+            Utf8("-IPTC:Keywords=Straße"),
+            Utf8("-IPTC:Keywords=Öl"),
+            Utf8("-IPTC:By-line=Jörg Müller"),
+            Utf8("-IPTC:City=Köln"),
             Utf8("-IPTC:Headline=Ähre") + (utf8 ? omega : std::string()),
         };
         if (utf8)
@@ -250,8 +280,7 @@ TEST(IptcPeer, AgreesWithExiftoolInCp1252AndUtf8)
         EXPECT_EQ(Texts(iptc, 2, IPTC_KEYWORDS), keywords);
         EXPECT_EQ(keywords.size(), 3u);
         EXPECT_STREQ(iptc.GetValue(2, IPTC_CITY), "Köln");
-        if (utf8)
-        {
+        if (utf8) {
             EXPECT_STREQ(iptc.GetValue(2, IPTC_HEADLINE), "Ähre?");
         }
 

@@ -59,10 +59,9 @@ TEST(DllLoader, MissingOrBrokenModulesLeaveANullHandle)
     const CString broken = folder / "kaputt.dll";
     ASSERT_TRUE(files_test::WriteText(broken, "kein Modul"));
 
-    const CString names[] = {"tw_no_such_module_4711", "tw_no_such_module_4711.dll", broken,
-                             folder / "fehlt.dll", CString()};
-    for (const CString& name : names)
-    {
+    const CString names[] = {"tw_no_such_module_4711", "tw_no_such_module_4711.dll", broken, folder / "fehlt.dll",
+                             CString()};
+    for (const CString& name : names) {
         CDllLoader loader(name);
         EXPECT_FALSE(loader.IsLoaded()) << name.GetString();
         EXPECT_EQ(loader.GetModule(), nullptr) << name.GetString();

@@ -30,15 +30,30 @@ void FillNasty(CSettingsBase& s)
     for (int c = 1; c < 256; ++c)
         everyByte += char(c);
     const char* texts[] = {
-        "", " vorn", "hinten ", "  ", "a=b", "[Abschnitt]", "<tag a=\"1\">&amp;'</tag>",
-        "Zeile1\r\nZeile2\nZeile3\r", "\t", "\\", "\\x41\\n", "äöüÄÖÜß€ÿ\x81\x8D\x8F\x90\x9D",
-        ";kein Kommentar", "#auch nicht", "NaN:", ":", "Integer,deleted:5", "]]>", "\x01\x1F\x7F",
+        "",
+        " vorn",
+        "hinten ",
+        "  ",
+        "a=b",
+        "[Abschnitt]",
+        "<tag a=\"1\">&amp;'</tag>",
+        "Zeile1\r\nZeile2\nZeile3\r",
+        "\t",
+        "\\",
+        "\\x41\\n",
+        "äöüÄÖÜß€ÿ\x81\x8D\x8F\x90\x9D",
+        ";kein Kommentar",
+        "#auch nicht",
+        "NaN:",
+        ":",
+        "Integer,deleted:5",
+        "]]>",
+        "\x01\x1F\x7F",
         everyByte.c_str(),
     };
     char key[40];
     int n = 0;
-    for (const char* t : texts)
-    {
+    for (const char* t : texts) {
         std::snprintf(key, sizeof key, "Text.%d", n++);
         s.setString(key, t);
     }
@@ -46,9 +61,9 @@ void FillNasty(CSettingsBase& s)
     s.setFile("Datei.Leer", "");
 
     const char* keys[] = {
-        "MARKER.Linie.Farbe", "key=with=eq", "[klammer", ";semi", "#raute", " blank vorn",
-        "blank hinten ", "Größe.Ümlaut", "a\\.b", "tab\tkey", "neue\nZeile", "<>&\"'",
-        "x\x01y", "\xA0nbsp", "€uro",
+        "MARKER.Linie.Farbe", "key=with=eq",   "[klammer",     ";semi",    "#raute",
+        " blank vorn",        "blank hinten ", "Größe.Ümlaut", "a\\.b",    "tab\tkey",
+        "neue\nZeile",        "<>&\"'",        "x\x01y",       "\xA0nbsp", "€uro",
     };
     int v = 0;
     for (const char* k : keys)
@@ -57,27 +72,35 @@ void FillNasty(CSettingsBase& s)
 
     const int ints[] = {0, -1, 1, INT_MIN, INT_MAX, 255};
     n = 0;
-    for (int i : ints)
-    {
+    for (int i : ints) {
         std::snprintf(key, sizeof key, "Int.%d", n++);
         s.setInt(key, i);
     }
     const LONGLONG ptrs[] = {0, LLONG_MIN, LLONG_MAX, -0x123456789AB};
     n = 0;
-    for (LONGLONG p : ptrs)
-    {
+    for (LONGLONG p : ptrs) {
         std::snprintf(key, sizeof key, "Ptr.%d", n++);
         s.setInt64(key, p);
     }
     const double doubles[] = {
-        0.0, -0.0, 0.1, 1.0 / 3.0, 3.141592653589793, 1e308, -1.7976931348623157e308,
-        5e-324, 2.2250738585072014e-308, std::numeric_limits<double>::infinity(),
-        -std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN(),
-        FromBits(0x7FF0000000000001ULL), FromBits(0xFFF8000000000123ULL), 123456789012345678.0,
+        0.0,
+        -0.0,
+        0.1,
+        1.0 / 3.0,
+        3.141592653589793,
+        1e308,
+        -1.7976931348623157e308,
+        5e-324,
+        2.2250738585072014e-308,
+        std::numeric_limits<double>::infinity(),
+        -std::numeric_limits<double>::infinity(),
+        std::numeric_limits<double>::quiet_NaN(),
+        FromBits(0x7FF0000000000001ULL),
+        FromBits(0xFFF8000000000123ULL),
+        123456789012345678.0,
     };
     n = 0;
-    for (double d : doubles)
-    {
+    for (double d : doubles) {
         std::snprintf(key, sizeof key, "Double.%d", n++);
         s.setDouble(key, d);
     }
@@ -100,8 +123,7 @@ bool SameRecord(const nList& a, const nList& b)
 {
     if (std::strcmp(a.key, b.key) != 0 || a.type != b.type || a.deleted != b.deleted)
         return false;
-    switch (a.type)
-    {
+    switch (a.type) {
     case SETTINGS_STRING:
     case SETTINGS_FILE:
         return std::strcmp(static_cast<const char*>(a.value), static_cast<const char*>(b.value)) == 0;
@@ -134,8 +156,7 @@ public:
     TempFolder()
     {
         const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
-        m_path = std::filesystem::temp_directory_path() /
-                 (std::string("twsettings_") + info->name());
+        m_path = std::filesystem::temp_directory_path() / (std::string("twsettings_") + info->name());
         std::filesystem::remove_all(m_path);
         std::filesystem::create_directories(m_path);
     }
@@ -159,8 +180,7 @@ TEST(SettingsExchange, EveryTypeRoundTripsExactlyThroughTextAndFiles)
     CSettings original;
     FillNasty(original);
     TempFolder folder;
-    for (SettingsFormat f : kFormats)
-    {
+    for (SettingsFormat f : kFormats) {
         const std::string text = Export(original, f, "Programm");
         CSettings back;
         ASSERT_EQ(Import(back, f, "Programm", text), 1) << f << "\n" << text;
@@ -187,14 +207,13 @@ TEST(SettingsExchange, IniLayoutIsPlainTypedLines)
     const BYTE b[] = {0x0F, 0xA0};
     s.setBinary("Daten", b, 2);
     s.setString("Mehr=Zeilen", " a\r\nb ");
-    EXPECT_EQ(Export(s, SETTINGS_FORMAT_INI, "Bildverwaltung"),
-              "[Bildverwaltung]\r\n"
-              "MARKER.Linie.Farbe=Integer:255\r\n"
-              "GLOBAL.Editor=String:C:\\\\edit.exe\r\n"
-              "Alt=Boolean,deleted:TRUE\r\n"
-              "Zoom=Double:0.1\r\n"
-              "Daten=Binary:0FA0\r\n"
-              "Mehr\\x3DZeilen=String:\\x20a\\r\\nb\\x20\r\n");
+    EXPECT_EQ(Export(s, SETTINGS_FORMAT_INI, "Bildverwaltung"), "[Bildverwaltung]\r\n"
+                                                                "MARKER.Linie.Farbe=Integer:255\r\n"
+                                                                "GLOBAL.Editor=String:C:\\\\edit.exe\r\n"
+                                                                "Alt=Boolean,deleted:TRUE\r\n"
+                                                                "Zoom=Double:0.1\r\n"
+                                                                "Daten=Binary:0FA0\r\n"
+                                                                "Mehr\\x3DZeilen=String:\\x20a\\r\\nb\\x20\r\n");
     EXPECT_EQ(Export(CSettings(), SETTINGS_FORMAT_INI, nullptr), "[Settings]\r\n");
 }
 
@@ -235,19 +254,16 @@ TEST(SettingsExchange, CutFilesNeverChangeTheStoreHalfway)
         s.setInt("Gemeinsam", 1);
         s.setString("Nur.Hier", "bleibt");
     };
-    for (SettingsFormat f : kFormats)
-    {
+    for (SettingsFormat f : kFormats) {
         const std::string text = Export(source, f, "S");
         int successes = 0;
-        for (size_t cut = 0; cut < text.size(); ++cut)
-        {
+        for (size_t cut = 0; cut < text.size(); ++cut) {
             const std::string part = text.substr(0, cut);
             CSettings store, before;
             fillBase(store);
             fillBase(before);
             const int result = Import(store, f, "S", part);
-            if (!result)
-            {
+            if (!result) {
                 EXPECT_TRUE(store.IsEqual(before)) << f << " cut " << cut;
                 continue;
             }
@@ -307,32 +323,46 @@ TEST(SettingsExchange, MalformedFilesAreRefusedAndChangeNothing)
         {SETTINGS_FORMAT_XML, "<settings/>"},
         {SETTINGS_FORMAT_XML, "<settings><section name=\"X\"/></settings>"},
         {SETTINGS_FORMAT_XML, "<settings><section name=\"S\"><value key=\"A\" type=\"Integer\">1</value></section>"},
-        {SETTINGS_FORMAT_XML, "<settings><section name=\"S\"><value key=\"A\" type=\"Integer\">1</value></section></settings>x"},
+        {SETTINGS_FORMAT_XML,
+         "<settings><section name=\"S\"><value key=\"A\" type=\"Integer\">1</value></section></settings>x"},
         {SETTINGS_FORMAT_XML, "<settings><section><value key=\"A\" type=\"Integer\">1</value></section></settings>"},
         {SETTINGS_FORMAT_XML, "<settings><section name=\"S\"><value type=\"Integer\">1</value></section></settings>"},
         {SETTINGS_FORMAT_XML, "<settings><section name=\"S\"><value key=\"A\">1</value></section></settings>"},
-        {SETTINGS_FORMAT_XML, "<settings><section name=\"S\"><value key=\"A\" type=\"Integer\">1</wert></section></settings>"},
-        {SETTINGS_FORMAT_XML, "<settings><section name=\"S\"><value key=\"A\" type=\"Integer\">1<b/></value></section></settings>"},
-        {SETTINGS_FORMAT_XML, "<settings><section name=\"S\"><wert key=\"A\" type=\"Integer\">1</wert></section></settings>"},
-        {SETTINGS_FORMAT_XML, "<settings><section name=\"S\">text<value key=\"A\" type=\"Integer\">1</value></section></settings>"},
-        {SETTINGS_FORMAT_XML, "<settings><section name=\"S\"><value key=\"A\" type=\"Integer\">1</value><value key=\"a\" type=\"Integer\">2</value></section></settings>"},
-        {SETTINGS_FORMAT_XML, "<settings><section name=\"S\"><value key=\"A\" type=\"String\">&nbsp;</value></section></settings>"},
-        {SETTINGS_FORMAT_XML, "<settings><section name=\"S\"><value key=\"A\" type=\"String\">&#x4E2D;</value></section></settings>"},
-        {SETTINGS_FORMAT_XML, "<settings><section name=\"S\"><value key=\"A\" type=\"String\">&#0;</value></section></settings>"},
-        {SETTINGS_FORMAT_XML, "<settings><section name=\"S\"><value key=\"A\" type=\"String\">&#x80;</value></section></settings>"},
-        {SETTINGS_FORMAT_XML, "<settings><section name=\"S\"><value key=\"A\" type=\"String\">a & b</value></section></settings>"},
-        {SETTINGS_FORMAT_XML, "<settings><section name=\"S\"><value key=\"A\" type=\"Integer\" deleted=\"ja\">1</value></section></settings>"},
-        {SETTINGS_FORMAT_XML, "<settings><section name=\"S\"><value key=\"A\"type=\"Integer\">1</value></section></settings>"},
-        {SETTINGS_FORMAT_XML, "<settings><section name=\"S\"><value key=\"A<\" type=\"Integer\">1</value></section></settings>"},
-        {SETTINGS_FORMAT_XML, "<settings><section name=\"S\"><value key=\"A\" type=\"Integer\">1<!-- offen</value></section></settings>"},
+        {SETTINGS_FORMAT_XML,
+         "<settings><section name=\"S\"><value key=\"A\" type=\"Integer\">1</wert></section></settings>"},
+        {SETTINGS_FORMAT_XML,
+         "<settings><section name=\"S\"><value key=\"A\" type=\"Integer\">1<b/></value></section></settings>"},
+        {SETTINGS_FORMAT_XML,
+         "<settings><section name=\"S\"><wert key=\"A\" type=\"Integer\">1</wert></section></settings>"},
+        {SETTINGS_FORMAT_XML,
+         "<settings><section name=\"S\">text<value key=\"A\" type=\"Integer\">1</value></section></settings>"},
+        {SETTINGS_FORMAT_XML, "<settings><section name=\"S\"><value key=\"A\" type=\"Integer\">1</value><value "
+                              "key=\"a\" type=\"Integer\">2</value></section></settings>"},
+        {SETTINGS_FORMAT_XML,
+         "<settings><section name=\"S\"><value key=\"A\" type=\"String\">&nbsp;</value></section></settings>"},
+        {SETTINGS_FORMAT_XML,
+         "<settings><section name=\"S\"><value key=\"A\" type=\"String\">&#x4E2D;</value></section></settings>"},
+        {SETTINGS_FORMAT_XML,
+         "<settings><section name=\"S\"><value key=\"A\" type=\"String\">&#0;</value></section></settings>"},
+        {SETTINGS_FORMAT_XML,
+         "<settings><section name=\"S\"><value key=\"A\" type=\"String\">&#x80;</value></section></settings>"},
+        {SETTINGS_FORMAT_XML,
+         "<settings><section name=\"S\"><value key=\"A\" type=\"String\">a & b</value></section></settings>"},
+        {SETTINGS_FORMAT_XML, "<settings><section name=\"S\"><value key=\"A\" type=\"Integer\" "
+                              "deleted=\"ja\">1</value></section></settings>"},
+        {SETTINGS_FORMAT_XML,
+         "<settings><section name=\"S\"><value key=\"A\"type=\"Integer\">1</value></section></settings>"},
+        {SETTINGS_FORMAT_XML,
+         "<settings><section name=\"S\"><value key=\"A<\" type=\"Integer\">1</value></section></settings>"},
+        {SETTINGS_FORMAT_XML,
+         "<settings><section name=\"S\"><value key=\"A\" type=\"Integer\">1<!-- offen</value></section></settings>"},
         {SETTINGS_FORMAT_XML, "<?xml version=\"1.0\" encoding=\"UTF-8\"?><settings><section name=\"S\"/></settings>"},
         {SETTINGS_FORMAT_XML, "<!DOCTYPE settings [<!ENTITY e \"x\">]><settings><section name=\"S\"/></settings>"},
         {SETTINGS_FORMAT_XML, " <?xml version=\"1.0\" encoding=\"UTF-8\"?><settings><section name=\"S\"/></settings>"},
         {SETTINGS_FORMAT_XML, "\xEF\xBB\xBF<settings><section name=\"S\"/></settings>"},
         {SETTINGS_FORMAT_XML, "<einstellungen><section name=\"S\"/></einstellungen>"},
     };
-    for (auto& c : cases)
-    {
+    for (auto& c : cases) {
         CSettings s, before;
         s.setInt("A", 42);
         before.setInt("A", 42);
@@ -362,19 +392,30 @@ TEST(SettingsExchange, HandWrittenVariantsAreAccepted)
         {SETTINGS_FORMAT_INI, "[S]\r\nA=String:a=b:c\r\n", "A", "a=b:c"},
         {SETTINGS_FORMAT_INI, "[S]\r\nA=String:\r\n", "A", ""},
         {SETTINGS_FORMAT_INI, "[S]\r\n[Anders]\r\nX=Y\r\n[s]\r\nA=String:z\r\n", "A", "z"},
-        {SETTINGS_FORMAT_XML, "<settings><section name='s'><value key='A' type='string'>wert</value></section></settings>", "A", "wert"},
-        {SETTINGS_FORMAT_XML, "<?xml version='1.0' encoding='ISO-8859-1'?>\n<!-- c -->\n<settings>\n<section name=\"S\" >\n<value type=\"String\" key=\"A\" extra=\"1\"><![CDATA[<&>]]>&#65;&#x42;&apos;&#x20AC;</value>\n</section>\n</settings>\n<!-- ende -->\n", "A", "<&>AB'€"},
-        {SETTINGS_FORMAT_XML, "<settings><section name=\"S\"><value key=\"A\" type=\"String\"/></section></settings>", "A", ""},
-        {SETTINGS_FORMAT_XML, "<settings><section name=\"S\"><value key=\"A\" type=\"String\">a\r\nb\rc</value></section></settings>", "A", "a\nb\nc"},
-        {SETTINGS_FORMAT_XML, "<settings><section name=\"S\"><value key=\"A\tB\" type=\"String\">x</value></section></settings>", "A B", "x"},
-        {SETTINGS_FORMAT_XML, "<settings><section name=\"X\"><wert/></section><section name=\"S\"><value key=\"A\" type=\"String\">q</value></section></settings>", nullptr, nullptr},
+        {SETTINGS_FORMAT_XML,
+         "<settings><section name='s'><value key='A' type='string'>wert</value></section></settings>", "A", "wert"},
+        {SETTINGS_FORMAT_XML,
+         "<?xml version='1.0' encoding='ISO-8859-1'?>\n<!-- c -->\n<settings>\n<section name=\"S\" >\n<value "
+         "type=\"String\" key=\"A\" "
+         "extra=\"1\"><![CDATA[<&>]]>&#65;&#x42;&apos;&#x20AC;</value>\n</section>\n</settings>\n<!-- ende -->\n",
+         "A", "<&>AB'€"},
+        {SETTINGS_FORMAT_XML, "<settings><section name=\"S\"><value key=\"A\" type=\"String\"/></section></settings>",
+         "A", ""},
+        {SETTINGS_FORMAT_XML,
+         "<settings><section name=\"S\"><value key=\"A\" type=\"String\">a\r\nb\rc</value></section></settings>", "A",
+         "a\nb\nc"},
+        {SETTINGS_FORMAT_XML,
+         "<settings><section name=\"S\"><value key=\"A\tB\" type=\"String\">x</value></section></settings>", "A B",
+         "x"},
+        {SETTINGS_FORMAT_XML,
+         "<settings><section name=\"X\"><wert/></section><section name=\"S\"><value key=\"A\" "
+         "type=\"String\">q</value></section></settings>",
+         nullptr, nullptr},
     };
-    for (auto& c : cases)
-    {
+    for (auto& c : cases) {
         CSettings s;
         const int result = Import(s, c.format, "S", c.text);
-        if (!c.key)
-        {
+        if (!c.key) {
             EXPECT_EQ(result, 0) << "unknown elements are refused even in other sections";
             continue;
         }
@@ -383,9 +424,10 @@ TEST(SettingsExchange, HandWrittenVariantsAreAccepted)
     }
 
     CSettings b;
-    ASSERT_EQ(Import(b, SETTINGS_FORMAT_INI, "S",
-                     "[S]\r\nA=Boolean:1\r\nB=Boolean:false\r\nC=boolean,DELETED:true\r\nD=Double:NaN:7ff8000000000001\r\n"),
-              1);
+    ASSERT_EQ(
+        Import(b, SETTINGS_FORMAT_INI, "S",
+               "[S]\r\nA=Boolean:1\r\nB=Boolean:false\r\nC=boolean,DELETED:true\r\nD=Double:NaN:7ff8000000000001\r\n"),
+        1);
     EXPECT_TRUE(b.getBool("A"));
     EXPECT_FALSE(b.getBool("B", true));
     EXPECT_EQ(b.hash_lookup("C")->deleted, 1);
@@ -398,9 +440,8 @@ TEST(SettingsExchange, ReadingKeepsKeysTheFileLacksAndTakesTheFilesTypes)
     s.setString("Nur.Im.Speicher", "bleibt");
     s.setString("Typ", "text");
     s.setInt("Wert", 1);
-    ASSERT_EQ(Import(s, SETTINGS_FORMAT_INI, "S",
-                     "[S]\r\ntyp=Integer:5\r\nWert=Integer,deleted:2\r\nNeu=Double:0.5\r\n"),
-              1);
+    ASSERT_EQ(
+        Import(s, SETTINGS_FORMAT_INI, "S", "[S]\r\ntyp=Integer:5\r\nWert=Integer,deleted:2\r\nNeu=Double:0.5\r\n"), 1);
     EXPECT_EQ(s.getString("Nur.Im.Speicher"), "bleibt");
     EXPECT_EQ(s.getInt("Typ"), 5);
     EXPECT_STREQ(s.GetAt(1)->key, "Typ");
@@ -414,8 +455,7 @@ TEST(SettingsExchange, SectionNameSelectsAndMustBePresent)
 {
     CSettings source;
     source.setInt("A", 1);
-    for (SettingsFormat f : kFormats)
-    {
+    for (SettingsFormat f : kFormats) {
         const std::string text = Export(source, f, "Bildverwaltung");
         CSettings s;
         EXPECT_EQ(Import(s, f, "Textverwaltung", text), 0) << f;
@@ -431,8 +471,7 @@ TEST(SettingsExchange, SectionNameSelectsAndMustBePresent)
     // Section names with the characters that need escaping.
     const char* names[] = {"[a]", " b ", "c\\d", "<&\">", "Größe"};
     for (SettingsFormat f : kFormats)
-        for (const char* name : names)
-        {
+        for (const char* name : names) {
             CSettings s;
             EXPECT_EQ(Import(s, f, name, Export(source, f, name)), 1) << f << name;
             EXPECT_EQ(s.getInt("A"), 1);
@@ -467,8 +506,7 @@ TEST(SettingsExchange, ExtensionChoosesTheFormat)
     } cases[] = {
         {"a.ini", "[S]"}, {"a.XML", "<?xml"}, {"a.txt", "[S]"}, {"a.xml.ini", "[S]"}, {"b.Xml", "<?xml"},
     };
-    for (auto& c : cases)
-    {
+    for (auto& c : cases) {
         const std::string path = folder.File(c.name);
         ASSERT_EQ(s.ExchangeSettings(0, "S", path.c_str()), 1) << c.name;
         EXPECT_EQ(ReadAll(path).rfind(c.start, 0), 0u) << c.name;
@@ -482,19 +520,24 @@ TEST(SettingsExchange, LargeStoreRoundTrips)
 {
     CSettings s;
     char key[48];
-    for (int i = 0; i < 5000; ++i)
-    {
+    for (int i = 0; i < 5000; ++i) {
         std::snprintf(key, sizeof key, "Gruppe%02d.Eintrag%05d", i % 50, i);
-        switch (i % 4)
-        {
-        case 0: s.setInt(key, i * 7919); break;
-        case 1: s.setDouble(key, i / 7.0); break;
-        case 2: s.setString(key, "Größe & <Zeile>\r\n"); break;
-        default: s.setBool(key, i & 8); break;
+        switch (i % 4) {
+        case 0:
+            s.setInt(key, i * 7919);
+            break;
+        case 1:
+            s.setDouble(key, i / 7.0);
+            break;
+        case 2:
+            s.setString(key, "Größe & <Zeile>\r\n");
+            break;
+        default:
+            s.setBool(key, i & 8);
+            break;
         }
     }
-    for (SettingsFormat f : kFormats)
-    {
+    for (SettingsFormat f : kFormats) {
         CSettings back;
         back.setString("Vorher", "da");
         ASSERT_EQ(Import(back, f, "S", Export(s, f, "S")), 1);
@@ -506,8 +549,7 @@ TEST(SettingsExchange, LargeStoreRoundTrips)
 
 TEST(SettingsExchange, RereadingKeepsRecordsAndTakesEveryValueOfTheFile)
 {
-    for (SettingsFormat format : kFormats)
-    {
+    for (SettingsFormat format : kFormats) {
         // Written in another key order than the store's, with texts longer,
         // shorter and of other types than the store holds.
         CSettings file;

@@ -15,12 +15,9 @@ namespace {
 template <typename F>
 bool ThrowsInvalidArg(F f)
 {
-    try
-    {
+    try {
         f();
-    }
-    catch (CException* e)
-    {
+    } catch (CException* e) {
         const bool invalidArg = e->IsKindOf(RUNTIME_CLASS(CInvalidArgException));
         e->Delete();
         return invalidArg;
@@ -94,8 +91,7 @@ TEST(SettingsStore, GetsConvertOnlyBetweenRelatedTypes)
         {"f", -1, -1, false, -1.0, "C:\\a.txt"},
         {"x", -1, -1, false, -1.0, "-"},
     };
-    for (auto& c : cases)
-    {
+    for (auto& c : cases) {
         EXPECT_EQ(s.getInt(c.key, -1), c.asInt) << c.key;
         EXPECT_EQ(s.getInt64(c.key, -1), c.asInt64) << c.key;
         EXPECT_EQ(s.getBool(c.key, false), c.asBool) << c.key;
@@ -118,8 +114,7 @@ TEST(SettingsStore, NumberSettersRefuseToReplaceTexts)
     s.setFile("f", "a.txt");
     const BYTE one = 1;
     s.setBinary("x", &one, 1);
-    for (const char* key : {"s", "f", "x"})
-    {
+    for (const char* key : {"s", "f", "x"}) {
         const int type = s.hash_lookup(key)->type;
         EXPECT_TRUE(ThrowsInvalidArg([&] { s.setInt(key, 1); })) << key;
         EXPECT_TRUE(ThrowsInvalidArg([&] { s.setInt64(key, 1); })) << key;
@@ -142,12 +137,12 @@ TEST(SettingsStore, OtherSetsTurnTheRecordIntoTheirType)
         {[](CSettings& s) { s.setString("k", "t"); }, [](CSettings& s) { s.setBool("k", 1); }, SETTINGS_BOOL},
         {[](CSettings& s) { s.setBool("k", 1); }, [](CSettings& s) { s.setDouble("k", 1.5); }, SETTINGS_DOUBLE},
         {[](CSettings& s) { s.setDouble("k", 1.5); }, [](CSettings& s) { s.setInt64("k", 9); }, SETTINGS_INTPTR},
-        {[](CSettings& s) { s.setFile("k", "a"); }, [](CSettings& s) { s.setBinary("k", nullptr, 0); }, SETTINGS_BINARY},
+        {[](CSettings& s) { s.setFile("k", "a"); }, [](CSettings& s) { s.setBinary("k", nullptr, 0); },
+         SETTINGS_BINARY},
         {[](CSettings& s) { s.setBinary("k", nullptr, 0); }, [](CSettings& s) { s.setFile("k", "a"); }, SETTINGS_FILE},
         {[](CSettings& s) { s.setInt64("k", 9); }, [](CSettings& s) { s.setInt("k", 2); }, SETTINGS_INT},
     };
-    for (auto& c : cases)
-    {
+    for (auto& c : cases) {
         CSettings s;
         c.first(s);
         c.second(s);
@@ -290,8 +285,7 @@ TEST(SettingsStore, RecordsAndScalarPointersSurviveGrowth)
     nList* rec = s.hash_lookup("MARKER.Linie.Farbe");
     int* value = static_cast<int*>(rec->value);
     char key[32];
-    for (int i = 0; i < 20000; ++i)
-    {
+    for (int i = 0; i < 20000; ++i) {
         std::snprintf(key, sizeof key, "Gruppe%d.Wert%d", i % 37, i);
         s.setInt(key, i);
     }
@@ -299,8 +293,7 @@ TEST(SettingsStore, RecordsAndScalarPointersSurviveGrowth)
     EXPECT_EQ(s.hash_lookup("MARKER.Linie.Farbe"), rec);
     EXPECT_EQ(*value, 99);
     EXPECT_EQ(s.GetCount(), 20001);
-    for (int i = 0; i < 20000; i += 997)
-    {
+    for (int i = 0; i < 20000; i += 997) {
         std::snprintf(key, sizeof key, "GRUPPE%d.WERT%d", i % 37, i);
         EXPECT_EQ(s.getInt(key, -1), i) << key;
     }
@@ -355,14 +348,11 @@ TEST(SettingsStore, IsEqualComparesKeysOrderTypesFlagsAndBits)
     {
         void (*change)(CSettings&);
     } cases[] = {
-        {[](CSettings& s) { s.setDouble("b", -0.0); }},
-        {[](CSettings& s) { s.setDeleted("a", 1); }},
-        {[](CSettings& s) { s.setBool("a", 1); }},
-        {[](CSettings& s) { s.setString("c", "X"); }},
+        {[](CSettings& s) { s.setDouble("b", -0.0); }}, {[](CSettings& s) { s.setDeleted("a", 1); }},
+        {[](CSettings& s) { s.setBool("a", 1); }},      {[](CSettings& s) { s.setString("c", "X"); }},
         {[](CSettings& s) { s.setInt("d", 0); }},
     };
-    for (auto& c : cases)
-    {
+    for (auto& c : cases) {
         CSettings changed;
         make(changed);
         c.change(changed);

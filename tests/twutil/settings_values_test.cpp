@@ -39,8 +39,7 @@ TEST(StrToBinary, HexPairsWithOptionalBlanks)
         {"  00\t01  ", std::string("\x00\x01", 2)},
         {"Ff", "\xFF"},
     };
-    for (auto& c : cases)
-    {
+    for (auto& c : cases) {
         unsigned char* bytes = reinterpret_cast<unsigned char*>(1);
         const int count = StrToBinary(c.text, bytes);
         ASSERT_EQ(count, int(c.bytes.size())) << c.text;
@@ -53,8 +52,7 @@ TEST(StrToBinary, HexPairsWithOptionalBlanks)
 TEST(StrToBinary, BadTextGivesNoBytesAndNull)
 {
     const char* cases[] = {"", "   ", "A", "0A F", "0 A", "0G", "0x0A", "0A,FF", "äö", nullptr};
-    for (const char* text : cases)
-    {
+    for (const char* text : cases) {
         unsigned char* bytes = reinterpret_cast<unsigned char*>(1);
         EXPECT_EQ(StrToBinary(text, bytes), 0) << (text ? text : "(null)");
         EXPECT_EQ(bytes, nullptr);
@@ -80,9 +78,9 @@ TEST(IsStringValueTrue, TruthWordsIgnoringCaseAndSurroundingBlanks)
         const char* text;
         int value;
     } cases[] = {
-        {"1", 1}, {"ok", 1}, {"OK", 1}, {"yes", 1}, {"Ja", 1}, {"TRUE", 1}, {"Wahr", 1},
-        {" ja\t", 1}, {"0", 0}, {"no", 0}, {"nein", 0}, {"falsch", 0}, {"on", 0},
-        {"11", 0}, {"true!", 0}, {"j a", 0}, {"", 0}, {"  ", 0}, {nullptr, 0},
+        {"1", 1},     {"ok", 1},  {"OK", 1}, {"yes", 1},  {"Ja", 1},     {"TRUE", 1}, {"Wahr", 1},
+        {" ja\t", 1}, {"0", 0},   {"no", 0}, {"nein", 0}, {"falsch", 0}, {"on", 0},   {"11", 0},
+        {"true!", 0}, {"j a", 0}, {"", 0},   {"  ", 0},   {nullptr, 0},
     };
     for (auto& c : cases)
         EXPECT_EQ(IsStringValueTrue(c.text), c.value) << (c.text ? c.text : "(null)");
@@ -95,11 +93,10 @@ TEST(SettingsFormatFromPath, XmlOnlyForTheXmlExtension)
         const char* path;
         SettingsFormat format;
     } cases[] = {
-        {"C:\\a\\b.xml", SETTINGS_FORMAT_XML}, {"b.XML", SETTINGS_FORMAT_XML},
-        {"b.Xml", SETTINGS_FORMAT_XML},         {".xml", SETTINGS_FORMAT_XML},
-        {"b.ini", SETTINGS_FORMAT_INI},         {"b.xml.bak", SETTINGS_FORMAT_INI},
-        {"bxml", SETTINGS_FORMAT_INI},          {"b.xmlx", SETTINGS_FORMAT_INI},
-        {"", SETTINGS_FORMAT_INI},              {nullptr, SETTINGS_FORMAT_INI},
+        {"C:\\a\\b.xml", SETTINGS_FORMAT_XML}, {"b.XML", SETTINGS_FORMAT_XML},  {"b.Xml", SETTINGS_FORMAT_XML},
+        {".xml", SETTINGS_FORMAT_XML},         {"b.ini", SETTINGS_FORMAT_INI},  {"b.xml.bak", SETTINGS_FORMAT_INI},
+        {"bxml", SETTINGS_FORMAT_INI},         {"b.xmlx", SETTINGS_FORMAT_INI}, {"", SETTINGS_FORMAT_INI},
+        {nullptr, SETTINGS_FORMAT_INI},
     };
     for (auto& c : cases)
         EXPECT_EQ(SettingsFormatFromPath(c.path), c.format) << (c.path ? c.path : "(null)");

@@ -116,8 +116,7 @@ private:
     static LRESULT CALLBACK Procedure(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
     {
         auto* self = reinterpret_cast<RecordingWindow*>(GetWindowLongPtrA(hwnd, GWLP_USERDATA));
-        if (self != nullptr && message >= WM_APP)
-        {
+        if (self != nullptr && message >= WM_APP) {
             self->received.push_back(message);
             if (self->ackEvent != nullptr)
                 SetEvent(self->ackEvent);
@@ -184,8 +183,7 @@ TEST_F(ShellSeamTest, NavigateOpensTheTargetWithTheShell)
 
     ASSERT_EQ(seam.calls.size(), 3u);
     const char* targets[] = {"http://www.example.de/", "http://www.example.de", "mailto:anna@example.de"};
-    for (size_t i = 0; i < 3; ++i)
-    {
+    for (size_t i = 0; i < 3; ++i) {
         const RecordingSeam::Call& call = seam.calls[i];
         EXPECT_EQ(call.function, "ShellExecuteA");
         EXPECT_EQ(call.verb, "open");
@@ -256,8 +254,7 @@ TEST_F(ShellSeamTest, ProgramFailuresBecomeShellErrorCodes)
         {TRUE, 42, 0, 42},
         {TRUE, 0, 0, 33},
     };
-    for (auto& c : cases)
-    {
+    for (auto& c : cases) {
         seam.extendedResult = c.started;
         seam.extendedInstance = c.instance;
         seam.extendedError = c.error;
@@ -388,8 +385,7 @@ TEST(EnumerateFonts, EachFamilyOnceInSortedOrder)
     EnumFontFamiliesA(screen, nullptr, CollectRaw, reinterpret_cast<LPARAM>(&raw));
     ReleaseDC(nullptr, screen);
     std::vector<std::string> distinct;
-    for (const std::string& name : raw)
-    {
+    for (const std::string& name : raw) {
         if (name[0] != '@' && std::find(distinct.begin(), distinct.end(), name) == distinct.end())
             distinct.push_back(name);
     }
@@ -400,12 +396,10 @@ TEST(EnumerateFonts, EachFamilyOnceInSortedOrder)
     const INT_PTR count = EnumerateFonts(static_cast<HDC>(nullptr), fonts);
     EXPECT_EQ(count, fonts.GetSize());
     EXPECT_EQ(count, static_cast<INT_PTR>(distinct.size()));
-    for (INT_PTR i = 0; i < count; ++i)
-    {
+    for (INT_PTR i = 0; i < count; ++i) {
         EXPECT_NE(std::find(distinct.begin(), distinct.end(), fonts[i].GetString()), distinct.end())
             << fonts[i].GetString();
-        if (i > 0)
-        {
+        if (i > 0) {
             EXPECT_LT(CompareStringA(fonts[i - 1], fonts[i], true), 0) << fonts[i].GetString();
         }
     }
@@ -466,8 +460,7 @@ TEST(TwException, ViewShowsOneErrorBoxAndLeavesTheExceptionToTheCaller)
     int destroyed = 0;
     CException* e = new CountedException(destroyed);
 
-    EXPECT_EQ(CTwException().viewException(e, "[0019] Fehler beim Sichern", "C:\\src\\tw_system_error.cpp", 87),
-              IDOK);
+    EXPECT_EQ(CTwException().viewException(e, "[0019] Fehler beim Sichern", "C:\\src\\tw_system_error.cpp", 87), IDOK);
     ASSERT_EQ(app->boxes.size(), 1u);
     EXPECT_EQ(app->boxes[0].text,
               "[0019] Fehler beim Sichern\n\nDatenträger voll\n\nQuelle: tw_system_error.cpp, Zeile 87");

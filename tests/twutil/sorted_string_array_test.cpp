@@ -22,15 +22,18 @@ std::vector<std::string> Contents(const CStringArray& a)
 
 TEST(CSortedStringArray, AddSortedReturnsTheIndexInAscendingOrder)
 {
-    struct { const char* text; INT_PTR index; } steps[] = {
-        {"Zebra", 0}, {"Apfel", 0}, {"Maus", 1}, {"Bild 10", 1}, {"Bild 9", 1},
-        {"äpfel", 1}, {"", 0},      {"Zoo", 7},
+    struct
+    {
+        const char* text;
+        INT_PTR index;
+    } steps[] = {
+        {"Zebra", 0}, {"Apfel", 0}, {"Maus", 1}, {"Bild 10", 1}, {"Bild 9", 1}, {"äpfel", 1}, {"", 0}, {"Zoo", 7},
     };
     CSortedStringArray a;
     for (const auto& s : steps)
         EXPECT_EQ(a.AddSorted(s.text), s.index) << s.text;
-    EXPECT_EQ(Contents(a), (std::vector<std::string>{"", "Apfel", "äpfel", "Bild 9", "Bild 10",
-                                                     "Maus", "Zebra", "Zoo"}));
+    EXPECT_EQ(Contents(a),
+              (std::vector<std::string>{"", "Apfel", "äpfel", "Bild 9", "Bild 10", "Maus", "Zebra", "Zoo"}));
 }
 
 TEST(CSortedStringArray, EqualTextsGoAfterTheLastEqualOne)

@@ -31,7 +31,10 @@ std::vector<std::string> Split(const char* line, char sep)
     return Pieces(out);
 }
 
-int Sign(int v) { return v < 0 ? -1 : (v > 0 ? 1 : 0); }
+int Sign(int v)
+{
+    return v < 0 ? -1 : (v > 0 ? 1 : 0);
+}
 
 }  // namespace
 
@@ -40,7 +43,11 @@ int Sign(int v) { return v < 0 ? -1 : (v > 0 ? 1 : 0); }
 TEST(CompareStringA, ReadsLikeAListAUserExpects)
 {
     // Each row: a sorts strictly before b with the flag true.
-    struct { const char* a; const char* b; } cases[] = {
+    struct
+    {
+        const char* a;
+        const char* b;
+    } cases[] = {
         {"Bild 9", "Bild 10"},
         {"Bild 10", "Bild 100"},
         {"Bild 2a", "Bild 10"},
@@ -84,12 +91,15 @@ TEST(CompareStringA, ZeroOnlyForEqualTextsAndNullReadsAsEmpty)
 
 TEST(CompareStringA, FlagFalseKeepsCaseApart)
 {
-    struct { const char* a; const char* b; int withFlag; int withoutFlag; } cases[] = {
-        {"Zebra", "apfel", 1, -1},
-        {"Bild 9", "Bild 10", -1, -1},
-        {"Äpfel", "Birne", -1, -1},
-        {"äpfel", "Birne", -1, 1},
-        {"ABC", "abc", -1, -1},
+    struct
+    {
+        const char* a;
+        const char* b;
+        int withFlag;
+        int withoutFlag;
+    } cases[] = {
+        {"Zebra", "apfel", 1, -1}, {"Bild 9", "Bild 10", -1, -1}, {"Äpfel", "Birne", -1, -1},
+        {"äpfel", "Birne", -1, 1}, {"ABC", "abc", -1, -1},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(Sign(CompareStringA(c.a, c.b, true)), c.withFlag) << c.a << " vs " << c.b;
@@ -100,14 +110,86 @@ TEST(CompareStringA, FlagFalseKeepsCaseApart)
 TEST(CompareStringA, IsATotalOrderOverTrickyTexts)
 {
     const char* texts[] = {
-        "", " ", "a", "A", "ä", "Ä", "á", "ae", "æ", "Æ", "b", "B", "z", "ss", "ß", "SS", "s",
-        "0", "00", "000", "1", "01", "001", "10", "010", "9", "09", "99", "100",
-        "Bild 9", "Bild 09", "Bild 10", "bild 10", "Bild10", "Bild 1a", "Bild 01a", "Bild 1A",
-        "a1", "a01", "a1b", "a01b", "a1b2", "a1b02", "a01b2", "A1b2", "1a", "01a", "a 1",
-        "Öl", "Ol", "ol", "Oel", "Øl", "œl", "Œl", "Müller", "Mueller", "Muller", "Mülller",
-        "x/", "x:", "x0", "x.", "-1", "+1", "\x7f", "\x80", "\xa0", "ÿ", "Ÿ", "y", "Y",
-        "Straße", "Strasse", "STRASSE", "Straáe", "12345678901234567890", "012345678901234567890",
-        "12345678901234567891", "9999999999999999999999999",
+        "",
+        " ",
+        "a",
+        "A",
+        "ä",
+        "Ä",
+        "á",
+        "ae",
+        "æ",
+        "Æ",
+        "b",
+        "B",
+        "z",
+        "ss",
+        "ß",
+        "SS",
+        "s",
+        "0",
+        "00",
+        "000",
+        "1",
+        "01",
+        "001",
+        "10",
+        "010",
+        "9",
+        "09",
+        "99",
+        "100",
+        "Bild 9",
+        "Bild 09",
+        "Bild 10",
+        "bild 10",
+        "Bild10",
+        "Bild 1a",
+        "Bild 01a",
+        "Bild 1A",
+        "a1",
+        "a01",
+        "a1b",
+        "a01b",
+        "a1b2",
+        "a1b02",
+        "a01b2",
+        "A1b2",
+        "1a",
+        "01a",
+        "a 1",
+        "Öl",
+        "Ol",
+        "ol",
+        "Oel",
+        "Øl",
+        "œl",
+        "Œl",
+        "Müller",
+        "Mueller",
+        "Muller",
+        "Mülller",
+        "x/",
+        "x:",
+        "x0",
+        "x.",
+        "-1",
+        "+1",
+        "\x7f",
+        "\x80",
+        "\xa0",
+        "ÿ",
+        "Ÿ",
+        "y",
+        "Y",
+        "Straße",
+        "Strasse",
+        "STRASSE",
+        "Straáe",
+        "12345678901234567890",
+        "012345678901234567890",
+        "12345678901234567891",
+        "9999999999999999999999999",
     };
     const int n = static_cast<int>(sizeof texts / sizeof texts[0]);
     for (bool flag : {true, false}) {
@@ -123,8 +205,7 @@ TEST(CompareStringA, IsATotalOrderOverTrickyTexts)
                 for (int k = 0; k < n; ++k) {
                     if (Sign(CompareStringA(texts[j], texts[k], flag)) < 0) {
                         ASSERT_LT(CompareStringA(texts[i], texts[k], flag), 0)
-                            << texts[i] << " < " << texts[j] << " < " << texts[k] << " flag "
-                            << flag;
+                            << texts[i] << " < " << texts[j] << " < " << texts[k] << " flag " << flag;
                     }
                 }
             }
@@ -138,7 +219,11 @@ TEST(ConvertDate, AcceptedFormsGiveTheSameDay)
 {
     const int day = ConvertDate("05.03.2026");
     ASSERT_GE(day, 0);
-    struct { const char* text; int minutes; } cases[] = {
+    struct
+    {
+        const char* text;
+        int minutes;
+    } cases[] = {
         {"5.3.2026", 0},
         {"05.03.26", 0},
         {"5.3.26", 0},
@@ -158,10 +243,9 @@ TEST(ConvertDate, AcceptedFormsGiveTheSameDay)
 TEST(ConvertDate, OrdersChronologicallyAcrossTheRange)
 {
     const char* ascending[] = {
-        "01.01.1900",       "01.01.1900 00:01", "28.02.1900",       "01.03.1900",
-        "31.12.1929",       "1.1.30",           "31.12.99",         "01.01.00",
-        "29.02.2000",       "31.12.29",         "19.01.2038 03:14", "19.01.2038 03:15",
-        "2100-02-28",       "2100-03-01",       "29.02.2400",       "31.12.4999 23:59",
+        "01.01.1900", "01.01.1900 00:01", "28.02.1900", "01.03.1900",       "31.12.1929",       "1.1.30",
+        "31.12.99",   "01.01.00",         "29.02.2000", "31.12.29",         "19.01.2038 03:14", "19.01.2038 03:15",
+        "2100-02-28", "2100-03-01",       "29.02.2400", "31.12.4999 23:59",
     };
     int previous = TW_NO_DATE;
     for (const char* text : ascending) {
@@ -177,13 +261,40 @@ TEST(ConvertDate, OrdersChronologicallyAcrossTheRange)
 TEST(ConvertDate, NonDatesSortBeforeEveryDate)
 {
     const char* texts[] = {
-        nullptr,       "",            "   ",          "Kaputt",      "05.03",
-        "05.03.",      "5.3.202",     "32.01.2026",   "00.01.2026",  "29.02.2025",
-        "29.02.1900",  "31.04.2026",  "05.13.2026",   "05.00.2026",  "31.12.1899",
-        "01.01.5000",  "2026-02-30",  "26-03-05",     "2026.03.05",  "05.03.2026x",
-        "05.03.2026 24:00", "05.03.2026 12:60", "05.03.2026 12:00:60", "05.03.202612:00",
-        "05.03.2026 12", "05.03.2026 12:5", "2026-03-05T", "05.03.2026T12:00", "12:00",
-        "005.03.2026", "05.003.2026", "05.03.02026", "99999999999.1.2026", "-05.03.2026",
+        nullptr,
+        "",
+        "   ",
+        "Kaputt",
+        "05.03",
+        "05.03.",
+        "5.3.202",
+        "32.01.2026",
+        "00.01.2026",
+        "29.02.2025",
+        "29.02.1900",
+        "31.04.2026",
+        "05.13.2026",
+        "05.00.2026",
+        "31.12.1899",
+        "01.01.5000",
+        "2026-02-30",
+        "26-03-05",
+        "2026.03.05",
+        "05.03.2026x",
+        "05.03.2026 24:00",
+        "05.03.2026 12:60",
+        "05.03.2026 12:00:60",
+        "05.03.202612:00",
+        "05.03.2026 12",
+        "05.03.2026 12:5",
+        "2026-03-05T",
+        "05.03.2026T12:00",
+        "12:00",
+        "005.03.2026",
+        "05.003.2026",
+        "05.03.02026",
+        "99999999999.1.2026",
+        "-05.03.2026",
     };
     for (const char* text : texts)
         EXPECT_EQ(ConvertDate(text), TW_NO_DATE) << (text ? text : "(null)");
@@ -195,7 +306,12 @@ TEST(ConvertDate, NonDatesSortBeforeEveryDate)
 TEST(SplitCSVLine, PiecesAndTheTrailingSeparatorRule)
 {
     using V = std::vector<std::string>;
-    struct { const char* line; char sep; V pieces; } cases[] = {
+    struct
+    {
+        const char* line;
+        char sep;
+        V pieces;
+    } cases[] = {
         {"", ';', V{}},
         {"a", ';', V{"a"}},
         {"a;b", ';', V{"a", "b"}},
@@ -216,7 +332,11 @@ TEST(SplitCSVLine, PiecesAndTheTrailingSeparatorRule)
 TEST(SplitCSVLine, QuotedFieldKeepsSeparatorAndLosesQuotes)
 {
     using V = std::vector<std::string>;
-    struct { const char* line; V pieces; } cases[] = {
+    struct
+    {
+        const char* line;
+        V pieces;
+    } cases[] = {
         {"R10,20,30,40,12,70,\"Haus\"", V{"R10", "20", "30", "40", "12", "70", "Haus"}},
         {"\"a,b\",c", V{"a,b", "c"}},
         {"\"a,b\"", V{"a,b"}},
@@ -254,7 +374,13 @@ TEST(SplitCSVLine, OddSeparatorsAndBadArguments)
 
 TEST(FindCRLF, EachBreakKindWithItsLength)
 {
-    struct { const char* text; BOOL found; int position; int length; } cases[] = {
+    struct
+    {
+        const char* text;
+        BOOL found;
+        int position;
+        int length;
+    } cases[] = {
         {"Zeile1\r\nZeile2", TRUE, 6, 2},
         {"Zeile1\nZeile2", TRUE, 6, 1},
         {"Zeile1\rZeile2", TRUE, 6, 1},
@@ -316,7 +442,11 @@ TEST(NextToken, WalksLikeStrtokAndEndsWithEmpty)
 
 TEST(ToString, DecimalTextOfEveryRange)
 {
-    struct { __int64 value; const char* text; } cases[] = {
+    struct
+    {
+        __int64 value;
+        const char* text;
+    } cases[] = {
         {0, "0"},
         {-5, "-5"},
         {4294967296LL, "4294967296"},
@@ -331,7 +461,11 @@ TEST(ToString, DecimalTextOfEveryRange)
 
 TEST(ReplaceDecimalPoint, AtofReadsBothSeparators)
 {
-    struct { const char* text; double value; } cases[] = {
+    struct
+    {
+        const char* text;
+        double value;
+    } cases[] = {
         {"12,5", 12.5},
         {"12.5", 12.5},
         {"-0,25", -0.25},
@@ -354,7 +488,11 @@ TEST(ReplaceDecimalPoint, AtofReadsBothSeparators)
 
 TEST(ReplaceDecimalPoint, OnlyTheLeadingNumberChanges)
 {
-    struct { const char* text; const char* result; } cases[] = {
+    struct
+    {
+        const char* text;
+        const char* result;
+    } cases[] = {
         {"12,5 m, 3,5 m", "12.5 m, 3,5 m"},
         {"Preis 1,5", "Preis 1,5"},
         {"1.234,5", "1234.5"},
@@ -369,8 +507,7 @@ TEST(DecimalOperatorOS, IsTheSeparatorTheSystemWritesNumbersWith)
     const char sep = DecimalOperatorOS();
 #ifdef _WIN32
     char formatted[32] = {};
-    ASSERT_GT(GetNumberFormatA(LOCALE_USER_DEFAULT, 0, "1.5", nullptr, formatted,
-                               sizeof formatted), 0);
+    ASSERT_GT(GetNumberFormatA(LOCALE_USER_DEFAULT, 0, "1.5", nullptr, formatted, sizeof formatted), 0);
     EXPECT_EQ(sep, formatted[1]) << formatted;
 #else
     char formatted[32];
@@ -383,12 +520,14 @@ TEST(DecimalOperatorOS, IsTheSeparatorTheSystemWritesNumbersWith)
 
 TEST(EnsureTrailingChar, AddsOnceAndLeavesEmptyAlone)
 {
-    struct { const char* text; char ch; const char* result; } cases[] = {
-        {"C:\\Daten", '\\', "C:\\Daten\\"},
-        {"C:\\Daten\\", '\\', "C:\\Daten\\"},
-        {"", '\\', ""},
-        {"150,200", ',', "150,200,"},
-        {"150,200,", ',', "150,200,"},
+    struct
+    {
+        const char* text;
+        char ch;
+        const char* result;
+    } cases[] = {
+        {"C:\\Daten", '\\', "C:\\Daten\\"}, {"C:\\Daten\\", '\\', "C:\\Daten\\"}, {"", '\\', ""},
+        {"150,200", ',', "150,200,"},       {"150,200,", ',', "150,200,"},
     };
     for (const auto& c : cases) {
         CString text(c.text);
@@ -401,7 +540,12 @@ TEST(EnsureTrailingChar, AddsOnceAndLeavesEmptyAlone)
 
 TEST(EnsureNoTrailingChar, RemovesEveryTrailingOne)
 {
-    struct { const char* text; char ch; const char* result; } cases[] = {
+    struct
+    {
+        const char* text;
+        char ch;
+        const char* result;
+    } cases[] = {
         {"C:\\Daten\\", '\\', "C:\\Daten"},
         {"C:\\Daten\\\\\\", '\\', "C:\\Daten"},
         {"C:\\Daten", '\\', "C:\\Daten"},
@@ -420,7 +564,11 @@ TEST(EnsureNoTrailingChar, RemovesEveryTrailingOne)
 
 TEST(IsLink, InternetAddressesOnly)
 {
-    struct { const char* text; bool link; } cases[] = {
+    struct
+    {
+        const char* text;
+        bool link;
+    } cases[] = {
         {"http://example.com", true},
         {"HTTPS://example.com/a?b", true},
         {"ftp://server/file", true},
@@ -467,7 +615,11 @@ BOOL TableLookup(const char* name, CString& value, void* context)
 
 TEST(ReplacePathVariables, KnownNamesExpandUnknownOnesStay)
 {
-    struct { const char* path; const char* result; } cases[] = {
+    struct
+    {
+        const char* path;
+        const char* result;
+    } cases[] = {
         {"%ProgDir%\\PlugIn", "C:\\Programme\\Tw\\PlugIn"},
         {"%progdir%\\a;%TEMP%\\b", "C:\\Programme\\Tw\\a;C:\\Temp\\b"},
         {"%TEMP%%TEMP%", "C:\\TempC:\\Temp"},

@@ -23,10 +23,8 @@ BEGIN_MESSAGE_MAP(CAskSomething, CDialog)
     ON_WM_HELPINFO()
 END_MESSAGE_MAP()
 
-CAskSomething::CAskSomething(CString question, CWnd* parent)
-    : CDialog(IDD_ASK_SOMETHING, parent), m_sQuestion(question)
-{
-}
+CAskSomething::CAskSomething(CString question, CWnd* parent) : CDialog(IDD_ASK_SOMETHING, parent), m_sQuestion(question)
+{}
 
 INT_PTR CAskSomething::DoModal()
 {

@@ -11,7 +11,11 @@
 class TWSTDDLG_API CAskSomething : public CDialog
 {
 public:
-    enum { kYesToAll = 12, kNoToAll = 13 };
+    enum
+    {
+        kYesToAll = 12,
+        kNoToAll = 13
+    };
 
     // The question, shown centred above the answers.
     CAskSomething(CString question, CWnd* parent);

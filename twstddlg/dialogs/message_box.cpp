@@ -30,8 +30,8 @@ CMessageBox::CMessageBox(CWnd* parent)
 }
 
 CMessageBox::CMessageBox(CWnd* parent, int messageId, const char* caption, const char* message, int style)
-    : CDialog(IDD_MESSAGE_BOX, parent), m_sCaption(caption), m_sMessage(message),
-      m_nStyle(static_cast<UINT>(style)), m_nMessageId(messageId)
+    : CDialog(IDD_MESSAGE_BOX, parent), m_sCaption(caption), m_sMessage(message), m_nStyle(static_cast<UINT>(style)),
+      m_nMessageId(messageId)
 {
     loadIcon();
 }

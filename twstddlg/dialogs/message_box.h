@@ -13,7 +13,10 @@
 class TWSTDDLG_API CMessageBox : public CDialog
 {
 public:
-    enum { kYesToAll = twmsgbox::kAnswerYesAll };
+    enum
+    {
+        kYesToAll = twmsgbox::kAnswerYesAll
+    };
 
     // An empty box with style 1 (Yes to all, no check box) and number 0.
     explicit CMessageBox(CWnd* parent);

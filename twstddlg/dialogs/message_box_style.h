@@ -9,12 +9,12 @@
 namespace twmsgbox {
 
 // Style bits of CMessageBox.
-inline constexpr unsigned kStyleYesAll = 0x1;      // shows "Ja, &alle"
-inline constexpr unsigned kStyleDontShow = 0x2;    // shows the check box and honours a stored choice
-inline constexpr unsigned kStyleOkOnly = 0x4;      // one "Ok" button instead of Yes and No
-inline constexpr unsigned kStyleSilentNo = 0x8;    // a silenced question answers No instead of Yes
-inline constexpr unsigned kStyleDefYesAll = 0x100; // default button "Ja, &alle" (alone)
-inline constexpr unsigned kStyleDefNo = 0x200;     // default button "&Nein" (alone)
+inline constexpr unsigned kStyleYesAll = 0x1;       // shows "Ja, &alle"
+inline constexpr unsigned kStyleDontShow = 0x2;     // shows the check box and honours a stored choice
+inline constexpr unsigned kStyleOkOnly = 0x4;       // one "Ok" button instead of Yes and No
+inline constexpr unsigned kStyleSilentNo = 0x8;     // a silenced question answers No instead of Yes
+inline constexpr unsigned kStyleDefYesAll = 0x100;  // default button "Ja, &alle" (alone)
+inline constexpr unsigned kStyleDefNo = 0x200;      // default button "&Nein" (alone)
 
 // The answers, which are also the ids of the buttons that give them.
 inline constexpr int kAnswerOk = 1;
@@ -28,11 +28,11 @@ inline constexpr const char* kProfileSection = "Einstellungen";
 // What the box shows for one set of style bits.
 struct Layout
 {
-    bool showYesAll;     // button 14
-    bool yesAllIsOk;     // button 14 reads "Ok"
-    bool showYesNo;      // buttons 6 and 7
-    bool showCheckBox;   // the check box, and whether a stored choice counts
-    int defaultButton;   // the id given to DM_SETDEFID
+    bool showYesAll;    // button 14
+    bool yesAllIsOk;    // button 14 reads "Ok"
+    bool showYesNo;     // buttons 6 and 7
+    bool showCheckBox;  // the check box, and whether a stored choice counts
+    int defaultButton;  // the id given to DM_SETDEFID
 };
 
 // The buttons, the check box and the default button for `style`.

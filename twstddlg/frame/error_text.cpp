@@ -26,9 +26,8 @@ CString FormatRecord(bool asError, const RecordTime& time, int code, const CStri
 {
     CString record;
     // Deliberate: no line end; records run on unless the texts bring one.
-    record.Format("%c %2i.%2i.%4i %02i:%02i:%02i [%04i] %s", asError ? 'F' : 'I', time.day,
-                  time.month, time.year, time.hour, time.minute, time.second, code,
-                  static_cast<const char*>(text));
+    record.Format("%c %2i.%2i.%4i %02i:%02i:%02i [%04i] %s", asError ? 'F' : 'I', time.day, time.month, time.year,
+                  time.hour, time.minute, time.second, code, static_cast<const char*>(text));
     return record;
 }
 

@@ -21,7 +21,7 @@ BYTE* AllocateVersionData(DWORD size)
 void FreeVersionData(BYTE* data)
 {
     if (data != nullptr)
-        delete[] (data - kHeaderSize);
+        delete[](data - kHeaderSize);
 }
 
 BYTE* CopyVersionData(const BYTE* data)
@@ -37,15 +37,11 @@ BYTE* CopyVersionData(const BYTE* data)
 
 }  // namespace
 
-CModuleVersion::CModuleVersion() : VS_FIXEDFILEINFO(), m_pVersionInfo(nullptr), m_translation{0, 0}
-{
-}
+CModuleVersion::CModuleVersion() : VS_FIXEDFILEINFO(), m_pVersionInfo(nullptr), m_translation{0, 0} {}
 
 CModuleVersion::CModuleVersion(const CModuleVersion& other)
-    : VS_FIXEDFILEINFO(other), m_pVersionInfo(CopyVersionData(other.m_pVersionInfo)),
-      m_translation(other.m_translation)
-{
-}
+    : VS_FIXEDFILEINFO(other), m_pVersionInfo(CopyVersionData(other.m_pVersionInfo)), m_translation(other.m_translation)
+{}
 
 CModuleVersion& CModuleVersion::operator=(const CModuleVersion& other)
 {

@@ -53,8 +53,7 @@ public:
     CCheckProgramVersion(int isNewVersion = 0, int currentExeVersion = 0, int registryExeVersion = 0)
         : m_iIsNewVersion(isNewVersion), m_iCurrentExeVersion(currentExeVersion),
           m_iRegistryExeVersion(registryExeVersion)
-    {
-    }
+    {}
     ~CCheckProgramVersion();
 
     int _IsNewVersion() const;

@@ -37,8 +37,8 @@ StoredPlacement StoredFromPlacement(const Placement& placement)
     return stored;
 }
 
-Placement PlacementFromStored(const StoredPlacement& stored, int screenWidth, int screenHeight,
-                              int borderX, int borderY)
+Placement PlacementFromStored(const StoredPlacement& stored, int screenWidth, int screenHeight, int borderX,
+                              int borderY)
 {
     // Deliberate: only values beyond the screen are reset; negative ones stay,
     // so a window on a monitor to the left keeps its place.

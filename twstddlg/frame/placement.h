@@ -60,8 +60,8 @@ StoredPlacement StoredFromPlacement(const Placement& placement);
 
 // The placement to apply for stored values on a screen of the given size;
 // `borderX`/`borderY` are the system's border metrics.
-Placement PlacementFromStored(const StoredPlacement& stored, int screenWidth, int screenHeight,
-                              int borderX, int borderY);
+Placement PlacementFromStored(const StoredPlacement& stored, int screenWidth, int screenHeight, int borderX,
+                              int borderY);
 
 // A position read by the position-only reader, and whether the stored value
 // must be repaired (written back as 0).

@@ -58,8 +58,7 @@ void ReadDlgPositionSize(CWnd* wnd, const char* prefix)
     stored.w = ReadInt(prefix, kSuffixW, kDefaultW);
     stored.h = ReadInt(prefix, kSuffixH, kDefaultH);
     stored.flags = ReadInt(prefix, kSuffixF, kDefaultF);
-    const Placement placement = PlacementFromStored(stored, screenWidth, screenHeight,
-                                                    GetSystemMetrics(SM_CXBORDER),
+    const Placement placement = PlacementFromStored(stored, screenWidth, screenHeight, GetSystemMetrics(SM_CXBORDER),
                                                     GetSystemMetrics(SM_CYBORDER));
     WINDOWPLACEMENT wp = {};
     wp.length = sizeof wp;

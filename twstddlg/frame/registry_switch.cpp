@@ -21,8 +21,7 @@ LONG ReadRegistryString(HKEY root, const char* subkey, const char* valueName, CS
     char buffer[kValueBufferSize] = {};
     DWORD size = kValueBufferSize;
     DWORD type = 0;
-    const LONG status =
-        RegQueryValueExA(key, valueName, nullptr, &type, reinterpret_cast<BYTE*>(buffer), &size);
+    const LONG status = RegQueryValueExA(key, valueName, nullptr, &type, reinterpret_cast<BYTE*>(buffer), &size);
     if (status == ERROR_SUCCESS && size > 0 && type == REG_SZ) {
         // A value stored without its terminator ends at the data's size.
         value = CString(buffer, static_cast<int>(strnlen(buffer, size)));
@@ -36,8 +35,7 @@ LONG ReadRegistryString(HKEY root, const char* subkey, const char* valueName, CS
 int IsRegistrySwitchSet(CString valueName)
 {
     CString text;
-    if (ReadRegistryString(HKEY_CURRENT_USER, kTesselwerkKey, valueName, text) != ERROR_SUCCESS ||
-        text.IsEmpty())
+    if (ReadRegistryString(HKEY_CURRENT_USER, kTesselwerkKey, valueName, text) != ERROR_SUCCESS || text.IsEmpty())
         return 0;
     return twswitch::IsTruthWord(text) ? 1 : 0;
 }

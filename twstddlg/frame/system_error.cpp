@@ -29,8 +29,7 @@ int ReadDebugLevel()
     DWORD size = kValueBufferSize;
     DWORD type = 0;
     int level = 0;
-    if (RegQueryValueExA(key, "DebugLevel", nullptr, &type, reinterpret_cast<BYTE*>(buffer), &size) ==
-            ERROR_SUCCESS &&
+    if (RegQueryValueExA(key, "DebugLevel", nullptr, &type, reinterpret_cast<BYTE*>(buffer), &size) == ERROR_SUCCESS &&
         size > 0 && type == REG_DWORD) {
         // Deliberate: the value must be a REG_DWORD but its bytes are read as
         // text, so DWORD 1 gives 0 and only 0x31 ('1'), 0x33 ('3') ... count.
@@ -119,7 +118,7 @@ void CTwSystemError::WriteToFile(int code, const char* text, int asError)
         tm local = {};
         _localtime64_s(&local, &now);
         const twerror::RecordTime time = {local.tm_mday, local.tm_mon + 1, local.tm_year + 1900,
-                                          local.tm_hour, local.tm_min,    local.tm_sec};
+                                          local.tm_hour, local.tm_min,     local.tm_sec};
         file.WriteString(twerror::FormatRecord(asError != 0, time, code, CString(text)));
         file.Close();
     } catch (CException* e) {

@@ -28,8 +28,8 @@ public:
 
     // Presents a framework exception with the code's message through the
     // exception viewer; the exception stays the caller's.
-    static void ShowException(int code, const char* insertion, CException* exception, CString location,
-                              int ignored, int fromLibrary);
+    static void ShowException(int code, const char* insertion, CException* exception, CString location, int ignored,
+                              int fromLibrary);
 
     // Appends an information record to the log at any debug level.
     static void WriteToLog(int code, const char* insertion, int fromLibrary);

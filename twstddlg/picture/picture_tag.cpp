@@ -17,15 +17,9 @@ struct TagFormRow
 };
 
 constexpr TagFormRow kTagForms[] = {
-    {TAG_UNKNOWN, '?', "Unbekannt"},
-    {TAG_ELLIPSE, 'E', "Ellipse"},
-    {TAG_CIRCLE, 'K', "Kreis"},
-    {TAG_LINE, 'L', "Linie"},
-    {TAG_ARROW, 'P', "Pfeil"},
-    {TAG_SQUARE, 'Q', "Quadrat"},
-    {TAG_RECTANGLE, 'R', "Rechteck"},
-    {TAG_TEXT, 'T', "Text"},
-    {TAG_POLYGON, 'V', "Vieleck"},
+    {TAG_UNKNOWN, '?', "Unbekannt"},  {TAG_ELLIPSE, 'E', "Ellipse"}, {TAG_CIRCLE, 'K', "Kreis"},
+    {TAG_LINE, 'L', "Linie"},         {TAG_ARROW, 'P', "Pfeil"},     {TAG_SQUARE, 'Q', "Quadrat"},
+    {TAG_RECTANGLE, 'R', "Rechteck"}, {TAG_TEXT, 'T', "Text"},       {TAG_POLYGON, 'V', "Vieleck"},
 };
 constexpr int kTagFormCount = static_cast<int>(std::size(kTagForms));
 
@@ -95,17 +89,9 @@ double Distance32(CPoint a, CPoint b)
 // ---- construction and copying ------------------------------------------------
 
 CPictureTagBase::CPictureTagBase()
-    : m_eTagForm(TAG_UNKNOWN),
-      m_ptPosition(0, 0),
-      m_szDistance(0, 0),
-      m_ptTextPosition(0, 0),
-      m_iVisible(1),
-      m_iArrowSize(15),
-      m_crLineColor(0),
-      m_ptOffset(0, 0),
-      m_fZoom(1.0f)
-{
-}
+    : m_eTagForm(TAG_UNKNOWN), m_ptPosition(0, 0), m_szDistance(0, 0), m_ptTextPosition(0, 0), m_iVisible(1),
+      m_iArrowSize(15), m_crLineColor(0), m_ptOffset(0, 0), m_fZoom(1.0f)
+{}
 
 CPictureTagBase::~CPictureTagBase() = default;
 

@@ -81,8 +81,7 @@ public:
 
     // Draws the figure (drawFigure non-zero) and the caption (drawText
     // non-zero) with the look of the settings, mapped by offset and zoom.
-    virtual void Draw(CDC* dc, CSettings* settings, CPoint offset, float zoom, int drawFigure,
-                      int drawText);
+    virtual void Draw(CDC* dc, CSettings* settings, CPoint offset, float zoom, int drawFigure, int drawText);
     // Draws the figure in screen coordinates; the base draws nothing.
     virtual void DrawObject(CDC* dc, int x, int y, int cx, int cy, int startKind, int endKind);
     // Draws the editing handles; the base draws nothing.

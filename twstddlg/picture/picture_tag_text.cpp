@@ -46,9 +46,8 @@ CString CPictureTag::ToString()
     CString text;
     text.AppendChar(GetTagTypeChar());
     const CString caption = GetText();
-    text.AppendFormat("%i,%i,%i,%i,%i,%i,\"%s\"", m_ptPosition.x, m_ptPosition.y,
-                      m_szDistance.cx, m_szDistance.cy, m_ptTextPosition.x, m_ptTextPosition.y,
-                      caption.GetString());
+    text.AppendFormat("%i,%i,%i,%i,%i,%i,\"%s\"", m_ptPosition.x, m_ptPosition.y, m_szDistance.cx, m_szDistance.cy,
+                      m_ptTextPosition.x, m_ptTextPosition.y, caption.GetString());
     if (m_eTagForm == TAG_POLYGON) {
         for (INT_PTR i = 0; i < m_aPoints.GetSize(); ++i)
             text.AppendFormat(",%i,%i", m_aPoints[i].x, m_aPoints[i].y);

@@ -13,15 +13,14 @@
 #include "twstddlg_api.h"
 #include "afxtempl.h"
 
-#define TWSTDDLG_EXTERN_ARRAY(TYPE)                                                        \
-    extern template TWSTDDLG_API void CArray<TYPE, TYPE&>::SetSize(INT_PTR, INT_PTR);      \
-    extern template TWSTDDLG_API void CArray<TYPE, TYPE&>::FreeExtra();                    \
-    extern template TWSTDDLG_API void CArray<TYPE, TYPE&>::SetAtGrow(INT_PTR, TYPE&);      \
-    extern template TWSTDDLG_API INT_PTR CArray<TYPE, TYPE&>::Append(const CArray&);       \
-    extern template TWSTDDLG_API void CArray<TYPE, TYPE&>::Copy(const CArray&);            \
-    extern template TWSTDDLG_API void CArray<TYPE, TYPE&>::InsertAt(INT_PTR, TYPE&,        \
-                                                                    INT_PTR);              \
+#define TWSTDDLG_EXTERN_ARRAY(TYPE) \
+    extern template TWSTDDLG_API void CArray<TYPE, TYPE&>::SetSize(INT_PTR, INT_PTR); \
+    extern template TWSTDDLG_API void CArray<TYPE, TYPE&>::FreeExtra(); \
+    extern template TWSTDDLG_API void CArray<TYPE, TYPE&>::SetAtGrow(INT_PTR, TYPE&); \
+    extern template TWSTDDLG_API INT_PTR CArray<TYPE, TYPE&>::Append(const CArray&); \
+    extern template TWSTDDLG_API void CArray<TYPE, TYPE&>::Copy(const CArray&); \
+    extern template TWSTDDLG_API void CArray<TYPE, TYPE&>::InsertAt(INT_PTR, TYPE&, INT_PTR); \
     extern template TWSTDDLG_API void CArray<TYPE, TYPE&>::InsertAt(INT_PTR, const CArray*); \
-    extern template TWSTDDLG_API void CArray<TYPE, TYPE&>::RemoveAt(INT_PTR, INT_PTR);     \
-    extern template TWSTDDLG_API void CArray<TYPE, TYPE&>::Serialize(CArchive&);           \
+    extern template TWSTDDLG_API void CArray<TYPE, TYPE&>::RemoveAt(INT_PTR, INT_PTR); \
+    extern template TWSTDDLG_API void CArray<TYPE, TYPE&>::Serialize(CArchive&); \
     extern template TWSTDDLG_API void CArray<TYPE, TYPE&>::AssertValid() const

@@ -14,9 +14,8 @@ constexpr std::array<COLORREF, TW_PALETTE_COLORS> kPalette = {
 };
 
 constexpr std::array<const char*, TW_PALETTE_NAMES> kPaletteNames = {
-    "WHITE",   "LIGHTGRAY",  "DARKGRAY", "BLACK",     "YELLOW",    "ORANGE",
-    "RED",     "DARKRED",    "MAGENTA",  "LIGHTGREEN", "GREEN",    "DARKGREEN",
-    "CYAN",    "LIGHTBLUE",  "BLUE",     "DARKBLUE",  "pen color", "back color",
+    "WHITE",      "LIGHTGRAY", "DARKGRAY",  "BLACK", "YELLOW",    "ORANGE", "RED",      "DARKRED",   "MAGENTA",
+    "LIGHTGREEN", "GREEN",     "DARKGREEN", "CYAN",  "LIGHTBLUE", "BLUE",   "DARKBLUE", "pen color", "back color",
 };
 
 struct Keyword
@@ -28,11 +27,26 @@ struct Keyword
 // Searched in this order; a word must come before any shorter word it
 // contains (DARKGREEN before GREEN).
 constexpr std::array<Keyword, 22> kKeywords = {{
-    {"WHITE", 0},        {"YELLOW", 4},     {"LIGHTMAGENTA", 8}, {"ORANGE", 5},
-    {"LIGHTRED", 5},     {"LIGHTCYAN", 12}, {"DARKGREEN", 11},   {"LIGHTGREEN", 9},
-    {"DARKBLUE", 15},    {"LIGHTBLUE", 13}, {"DARKGRAY", 2},     {"LIGHTGRAY", 1},
-    {"DARKRED", 7},      {"BROWN", 7},      {"MAGENTA", 8},      {"RED", 6},
-    {"CYAN", 12},        {"GREEN", 10},     {"BLUE", 14},        {"BLACK", 3},
+    {"WHITE", 0},
+    {"YELLOW", 4},
+    {"LIGHTMAGENTA", 8},
+    {"ORANGE", 5},
+    {"LIGHTRED", 5},
+    {"LIGHTCYAN", 12},
+    {"DARKGREEN", 11},
+    {"LIGHTGREEN", 9},
+    {"DARKBLUE", 15},
+    {"LIGHTBLUE", 13},
+    {"DARKGRAY", 2},
+    {"LIGHTGRAY", 1},
+    {"DARKRED", 7},
+    {"BROWN", 7},
+    {"MAGENTA", 8},
+    {"RED", 6},
+    {"CYAN", 12},
+    {"GREEN", 10},
+    {"BLUE", 14},
+    {"BLACK", 3},
     {"PEN COLOR", TW_PEN_COLOR_INDEX},
     // Deliberate: "back color" gives the pen colour's index, as hosts expect.
     {"BACK COLOR", TW_PEN_COLOR_INDEX},

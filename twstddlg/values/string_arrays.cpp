@@ -90,8 +90,7 @@ INT_PTR CUniqueStringArrayPicture::Add(const char* folder, const char* file, con
     return Add(_BILD_IDENT{CString(folder), CString(file), CString(title)});
 }
 
-INT_PTR CUniqueStringArrayPicture::Find(const char* folder, const char* file,
-                                        const char* title) const
+INT_PTR CUniqueStringArrayPicture::Find(const char* folder, const char* file, const char* title) const
 {
     for (INT_PTR i = 0; i < GetSize(); ++i) {
         const _BILD_IDENT& p = GetAt(i);

@@ -17,8 +17,7 @@ class CDC;
 
 // The drawing entry of the CAD module: draws the picture file into the
 // device context at x, y in a box of w by h; non-zero when drawn.
-typedef int (*TwCadDrawProc)(CDC* dc, const char* file, int x, int y, int w, int h, int flags,
-                             CRect* clip);
+typedef int (*TwCadDrawProc)(CDC* dc, const char* file, int x, int y, int w, int h, int flags, CRect* clip);
 
 // Name of the CAD module and of its drawing entry.
 #define TWCAD_MODULE_NAME "TwCad.dll"
@@ -41,8 +40,7 @@ public:
     // Has the module draw a picture file; the device context is handed over
     // untouched. FALSE when the bridge is unavailable, the file name is null
     // or empty, or the module reports failure.
-    BOOL _DrawBild(CDC* dc, const char* file, int x, int y, int w, int h, int flags,
-                   CRect* clip);
+    BOOL _DrawBild(CDC* dc, const char* file, int x, int y, int w, int h, int flags, CRect* clip);
 
 private:
     void* m_module;

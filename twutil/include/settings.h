@@ -218,8 +218,7 @@ public:
     CString ExportSettingsText(SettingsFormat format, const char* section) const;
     // Reads exchange file text (length bytes) into the store as
     // ExchangeSettings does; 1 on success, 0 when refused (store unchanged).
-    int ImportSettingsText(SettingsFormat format, const char* section,
-                           const char* data, int length);
+    int ImportSettingsText(SettingsFormat format, const char* section, const char* data, int length);
 };
 
 // The format an exchange file's path names: XML for a path that ends in
@@ -229,8 +228,8 @@ TWUTIL_API SettingsFormat SettingsFormatFromPath(const char* path);
 // Parses exchange file text into the empty store target without touching
 // anything else; TRUE when the text is complete and well formed. Used by
 // ImportSettingsText; after FALSE, target holds whatever was read before the fault.
-TWUTIL_API BOOL ParseSettingsText(SettingsFormat format, const char* section,
-                                  const char* data, size_t length, CSettingsBase& target);
+TWUTIL_API BOOL ParseSettingsText(SettingsFormat format, const char* section, const char* data, size_t length,
+                                  CSettingsBase& target);
 
 // Bytes as upper-case hex pairs separated by single blanks ("0A FF 10"); an
 // empty text for no bytes or NULL.

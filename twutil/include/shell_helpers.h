@@ -32,8 +32,8 @@ TWUTIL_API CString ReturnShellExecuteError(HINSTANCE result);
 // Returns the shell's result: above 32 when the program started, otherwise
 // an error code for ReturnShellExecuteError. The shell shows no error box
 // itself. A null or empty program returns SE_ERR_FNF (2) without a call.
-TWUTIL_API INT_PTR CallExternProgram(const char* program, const char* args, unsigned wait,
-                                     unsigned show, const char* directory, CWnd* parent);
+TWUTIL_API INT_PTR CallExternProgram(const char* program, const char* args, unsigned wait, unsigned show,
+                                     const char* directory, CWnd* parent);
 
 // Shows the shell's properties view of a file or folder (verb "properties").
 // Returns non-zero when the shell took the request; FALSE for a null or empty

@@ -30,8 +30,8 @@ public:
 
     // Opens, explores, edits or prints a file or link; a result above 32
     // means success, otherwise it is an SE_ERR_* or system error code.
-    virtual HINSTANCE ShellExecuteA(HWND owner, LPCSTR verb, LPCSTR file, LPCSTR parameters,
-                                    LPCSTR directory, INT show);
+    virtual HINSTANCE ShellExecuteA(HWND owner, LPCSTR verb, LPCSTR file, LPCSTR parameters, LPCSTR directory,
+                                    INT show);
     // The extended form: programs that a caller waits for
     // (SEE_MASK_NOCLOSEPROCESS) and verbs such as "properties".
     virtual BOOL ShellExecuteExA(SHELLEXECUTEINFOA* info);

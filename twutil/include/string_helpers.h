@@ -127,8 +127,7 @@ typedef BOOL (*PATH_VARIABLE_LOOKUP)(const char* name, CString& value, void* con
 // is left as it stands, with its '%' signs, and the search goes on from its
 // closing '%' ("50% of %TEMP%" still expands TEMP); a lone '%' stays.
 // Values are inserted as they are and not searched again.
-TWUTIL_API CString ReplacePathVariables(const CString& path, PATH_VARIABLE_LOOKUP lookup,
-                                        void* context);
+TWUTIL_API CString ReplacePathVariables(const CString& path, PATH_VARIABLE_LOOKUP lookup, void* context);
 
 // ReplacePathVariables with the system's names, compared ignoring case:
 // %ProgDir% (the directory of the running program), %DocDir% (ReturnDocDir),

@@ -23,8 +23,7 @@ public:
     //   "Quelle: <file name>, Zeile <line>" with the file's name without its
     //     folders; ", Zeile <line>" is left out for a line below 1 and the
     //     whole block for a null or empty file.
-    static CString FormatException(CException* exception, const char* text, const char* file,
-                                   int line);
+    static CString FormatException(CException* exception, const char* text, const char* file, int line);
 
 #ifdef _WIN32
     // Shows FormatException's text with AfxMessageBox (MB_OK | MB_ICONERROR,

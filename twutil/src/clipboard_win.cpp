@@ -20,8 +20,7 @@ public:
     explicit GlobalBlock(size_t size) : m_handle(GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, size)) {}
     GlobalBlock(const void* data, size_t size) : GlobalBlock(size)
     {
-        if (m_handle != nullptr)
-        {
+        if (m_handle != nullptr) {
             void* target = GlobalLock(m_handle);
             memcpy(target, data, size);
             GlobalUnlock(m_handle);
@@ -65,10 +64,8 @@ public:
     {
         m_owner = CreateWindowExA(0, "STATIC", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
         // Another program may hold the clipboard for a moment.
-        for (int attempt = 0; attempt < 100; ++attempt)
-        {
-            if (OpenClipboard(m_owner))
-            {
+        for (int attempt = 0; attempt < 100; ++attempt) {
+            if (OpenClipboard(m_owner)) {
                 m_open = true;
                 break;
             }
@@ -96,8 +93,7 @@ private:
 // beforehand, so a failure leaves the old content.
 BOOL PutOnClipboard(std::vector<ClipboardItem>& items)
 {
-    for (const ClipboardItem& item : items)
-    {
+    for (const ClipboardItem& item : items) {
         if (item.block.Get() == nullptr && item.bitmap == nullptr)
             return FALSE;
     }
@@ -105,11 +101,9 @@ BOOL PutOnClipboard(std::vector<ClipboardItem>& items)
     if (!clipboard.IsOpen() || !EmptyClipboard())
         return FALSE;
     BOOL all = TRUE;
-    for (ClipboardItem& item : items)
-    {
+    for (ClipboardItem& item : items) {
         HANDLE data = item.bitmap != nullptr ? static_cast<HANDLE>(item.bitmap) : item.block.Get();
-        if (SetClipboardData(item.format, data) == nullptr)
-        {
+        if (SetClipboardData(item.format, data) == nullptr) {
             all = FALSE;
             continue;
         }
@@ -229,8 +223,8 @@ bool CopyBitmapInto(HBITMAP source, Picture& picture)
 
 bool LoadBmp(const CString& path, Picture& picture)
 {
-    HBITMAP loaded = static_cast<HBITMAP>(
-        LoadImageA(nullptr, path, IMAGE_BITMAP, 0, 0, LR_LOADFROMFILE | LR_CREATEDIBSECTION));
+    HBITMAP loaded =
+        static_cast<HBITMAP>(LoadImageA(nullptr, path, IMAGE_BITMAP, 0, 0, LR_LOADFROMFILE | LR_CREATEDIBSECTION));
     if (loaded == nullptr)
         return false;
     const bool ok = CopyBitmapInto(loaded, picture);
@@ -247,12 +241,10 @@ GlobalBlock ReadFileToGlobal(const CString& path, DWORD& size)
     LARGE_INTEGER length = {};
     GlobalBlock block;
     // Pictures beyond 1 GB are refused rather than half read.
-    if (GetFileSizeEx(file, &length) && length.QuadPart > 0 && length.QuadPart < (1LL << 30))
-    {
+    if (GetFileSizeEx(file, &length) && length.QuadPart > 0 && length.QuadPart < (1LL << 30)) {
         size = static_cast<DWORD>(length.QuadPart);
         GlobalBlock read(size);
-        if (read.Get() != nullptr)
-        {
+        if (read.Get() != nullptr) {
             DWORD done = 0;
             void* target = GlobalLock(read.Get());
             const BOOL ok = ReadFile(file, target, size, &done, nullptr);
@@ -276,8 +268,8 @@ bool LoadOlePicture(const CString& path, Picture& picture)
         return false;
     block.Release();  // the stream frees it
     IPicture* ole = nullptr;
-    const HRESULT loaded = OleLoadPicture(stream, static_cast<LONG>(size), FALSE, IID_IPicture,
-                                          reinterpret_cast<void**>(&ole));
+    const HRESULT loaded =
+        OleLoadPicture(stream, static_cast<LONG>(size), FALSE, IID_IPicture, reinterpret_cast<void**>(&ole));
     stream->Release();
     if (FAILED(loaded) || ole == nullptr)
         return false;
@@ -286,12 +278,9 @@ bool LoadOlePicture(const CString& path, Picture& picture)
     SHORT type = PICTYPE_UNINITIALIZED;
     ole->get_Type(&type);
     OLE_HANDLE handle = 0;
-    if (type == PICTYPE_BITMAP && SUCCEEDED(ole->get_Handle(&handle)) && handle != 0)
-    {
+    if (type == PICTYPE_BITMAP && SUCCEEDED(ole->get_Handle(&handle)) && handle != 0) {
         ok = CopyBitmapInto(reinterpret_cast<HBITMAP>(static_cast<UINT_PTR>(handle)), picture);
-    }
-    else
-    {
+    } else {
         OLE_XSIZE_HIMETRIC himetricWidth = 0;
         OLE_YSIZE_HIMETRIC himetricHeight = 0;
         ole->get_Width(&himetricWidth);
@@ -300,12 +289,11 @@ bool LoadOlePicture(const CString& path, Picture& picture)
         const int width = MulDiv(himetricWidth, GetDeviceCaps(screen, LOGPIXELSX), 2540);
         const int height = MulDiv(himetricHeight, GetDeviceCaps(screen, LOGPIXELSY), 2540);
         ReleaseDC(nullptr, screen);
-        if (picture.Create(width, height))
-        {
+        if (picture.Create(width, height)) {
             MemoryDC to;
             to.Select(picture.bitmap);
-            ok = SUCCEEDED(ole->Render(to.Get(), 0, 0, width, height, 0, himetricHeight, himetricWidth,
-                                       -himetricHeight, nullptr));
+            ok = SUCCEEDED(
+                ole->Render(to.Get(), 0, 0, width, height, 0, himetricHeight, himetricWidth, -himetricHeight, nullptr));
             GdiFlush();
         }
     }
@@ -385,8 +373,7 @@ BOOL CClipboardOperation::CopyPictureContentToClipBoard(CString path)
     items.push_back({CF_DIB, GlobalBlock(dib.data(), dib.size())});
     items.push_back({CF_BITMAP, GlobalBlock(), device});
     const BOOL put = PutOnClipboard(items);
-    for (const ClipboardItem& item : items)
-    {
+    for (const ClipboardItem& item : items) {
         if (item.bitmap != nullptr)
             DeleteObject(item.bitmap);
     }
@@ -399,24 +386,21 @@ BOOL CClipboardOperation::GetTextFromClipboard(CString& text)
     OpenedClipboard clipboard;
     if (!clipboard.IsOpen())
         return FALSE;
-    if (HANDLE wide = GetClipboardData(CF_UNICODETEXT))
-    {
+    if (HANDLE wide = GetClipboardData(CF_UNICODETEXT)) {
         const wchar_t* source = static_cast<const wchar_t*>(GlobalLock(wide));
         if (source == nullptr)
             return FALSE;
         const size_t limit = GlobalSize(wide) / sizeof(wchar_t);
         const int length = static_cast<int>(wcsnlen(source, limit));
         const int bytes = WideCharToMultiByte(1252, 0, source, length, nullptr, 0, nullptr, nullptr);
-        if (bytes > 0)
-        {
+        if (bytes > 0) {
             WideCharToMultiByte(1252, 0, source, length, text.GetBuffer(bytes), bytes, "?", nullptr);
             text.ReleaseBuffer(bytes);
         }
         GlobalUnlock(wide);
         return TRUE;
     }
-    if (HANDLE narrow = GetClipboardData(CF_TEXT))
-    {
+    if (HANDLE narrow = GetClipboardData(CF_TEXT)) {
         const char* source = static_cast<const char*>(GlobalLock(narrow));
         if (source == nullptr)
             return FALSE;

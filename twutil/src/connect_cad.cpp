@@ -12,16 +12,12 @@ void* LoadDrawingModule(const char*, TwCadDrawProc& draw)
     return nullptr;
 }
 
-void FreeDrawingModule(void*)
-{
-}
+void FreeDrawingModule(void*) {}
 
 }  // namespace twutil_cad
 #endif
 
-CConnectCAD::CConnectCAD() : CConnectCAD(TWCAD_MODULE_NAME)
-{
-}
+CConnectCAD::CConnectCAD() : CConnectCAD(TWCAD_MODULE_NAME) {}
 
 CConnectCAD::CConnectCAD(const char* moduleName) : m_module(nullptr), m_draw(nullptr)
 {
@@ -42,8 +38,7 @@ BOOL CConnectCAD::_isCadAvailable() const
     return m_module != nullptr && m_draw != nullptr;
 }
 
-BOOL CConnectCAD::_DrawBild(CDC* dc, const char* file, int x, int y, int w, int h, int flags,
-                            CRect* clip)
+BOOL CConnectCAD::_DrawBild(CDC* dc, const char* file, int x, int y, int w, int h, int flags, CRect* clip)
 {
     if (!_isCadAvailable() || !file || !*file)
         return FALSE;

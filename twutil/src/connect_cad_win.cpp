@@ -14,8 +14,7 @@ void* LoadDrawingModule(const char* moduleName, TwCadDrawProc& draw)
     if (!module)
         return nullptr;
     FARPROC entry = GetProcAddress(module, TWCAD_DRAW_ENTRY);
-    if (!entry)
-    {
+    if (!entry) {
         FreeLibrary(module);
         return nullptr;
     }

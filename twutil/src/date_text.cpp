@@ -7,8 +7,14 @@ constexpr int kFirstYear = 1900;
 constexpr int kLastYear = 4999;
 constexpr int kMinutesPerDay = 24 * 60;
 
-bool IsBlank(char c) { return c == ' ' || c == '\t'; }
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsBlank(char c)
+{
+    return c == ' ' || c == '\t';
+}
+bool IsDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
 
 // Reads a run of minDigits..maxDigits digits; false when the run is shorter
 // or longer.
@@ -39,7 +45,10 @@ bool ReadChar(const char*& p, char c)
     return true;
 }
 
-bool IsLeapYear(int y) { return (y % 4 == 0 && y % 100 != 0) || y % 400 == 0; }
+bool IsLeapYear(int y)
+{
+    return (y % 4 == 0 && y % 100 != 0) || y % 400 == 0;
+}
 
 int DaysInMonth(int y, int m)
 {

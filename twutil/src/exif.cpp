@@ -15,7 +15,14 @@
 
 namespace {
 
-enum IfdKind { IFD_0, IFD_EXIF, IFD_GPS, IFD_INTEROP, IFD_1 };
+enum IfdKind
+{
+    IFD_0,
+    IFD_EXIF,
+    IFD_GPS,
+    IFD_INTEROP,
+    IFD_1
+};
 
 constexpr const char* kIfdNames[] = {"IFD0", "ExifIFD", "GPS", "Interop", "IFD1"};
 
@@ -24,9 +31,19 @@ constexpr unsigned kTypeSize[] = {0, 1, 1, 2, 4, 8, 1, 1, 2, 4, 8, 4, 8, 4};
 
 enum TiffType : WORD
 {
-    T_BYTE = 1, T_ASCII = 2, T_SHORT = 3, T_LONG = 4, T_RATIONAL = 5, T_SBYTE = 6,
-    T_UNDEFINED = 7, T_SSHORT = 8, T_SLONG = 9, T_SRATIONAL = 10, T_FLOAT = 11,
-    T_DOUBLE = 12, T_IFD = 13,
+    T_BYTE = 1,
+    T_ASCII = 2,
+    T_SHORT = 3,
+    T_LONG = 4,
+    T_RATIONAL = 5,
+    T_SBYTE = 6,
+    T_UNDEFINED = 7,
+    T_SSHORT = 8,
+    T_SLONG = 9,
+    T_SRATIONAL = 10,
+    T_FLOAT = 11,
+    T_DOUBLE = 12,
+    T_IFD = 13,
 };
 
 struct TagName
@@ -39,62 +56,127 @@ struct TagName
 // Names of the EXIF standard. GPS tags have their own numbering; every
 // other IFD shares one table.
 constexpr TagName kTagNames[] = {
-    {false, 0x0001, "InteroperabilityIndex"}, {false, 0x0002, "InteroperabilityVersion"},
-    {false, 0x00FE, "NewSubfileType"}, {false, 0x0100, "ImageWidth"},
-    {false, 0x0101, "ImageLength"}, {false, 0x0102, "BitsPerSample"},
-    {false, 0x0103, "Compression"}, {false, 0x0106, "PhotometricInterpretation"},
-    {false, 0x010E, "ImageDescription"}, {false, 0x010F, "Make"}, {false, 0x0110, "Model"},
-    {false, 0x0111, "StripOffsets"}, {false, 0x0112, "Orientation"},
-    {false, 0x0115, "SamplesPerPixel"}, {false, 0x0116, "RowsPerStrip"},
-    {false, 0x0117, "StripByteCounts"}, {false, 0x011A, "XResolution"},
-    {false, 0x011B, "YResolution"}, {false, 0x011C, "PlanarConfiguration"},
-    {false, 0x0128, "ResolutionUnit"}, {false, 0x012D, "TransferFunction"},
-    {false, 0x0131, "Software"}, {false, 0x0132, "DateTime"}, {false, 0x013B, "Artist"},
-    {false, 0x013E, "WhitePoint"}, {false, 0x013F, "PrimaryChromaticities"},
-    {false, 0x0201, "JPEGInterchangeFormat"}, {false, 0x0202, "JPEGInterchangeFormatLength"},
-    {false, 0x0211, "YCbCrCoefficients"}, {false, 0x0212, "YCbCrSubSampling"},
-    {false, 0x0213, "YCbCrPositioning"}, {false, 0x0214, "ReferenceBlackWhite"},
-    {false, 0x8298, "Copyright"}, {false, 0x829A, "ExposureTime"}, {false, 0x829D, "FNumber"},
-    {false, 0x8769, "ExifIFDPointer"}, {false, 0x8822, "ExposureProgram"},
-    {false, 0x8824, "SpectralSensitivity"}, {false, 0x8825, "GPSInfoIFDPointer"},
-    {false, 0x8827, "ISOSpeedRatings"}, {false, 0x8828, "OECF"},
-    {false, 0x8830, "SensitivityType"}, {false, 0x9000, "ExifVersion"},
-    {false, 0x9003, "DateTimeOriginal"}, {false, 0x9004, "DateTimeDigitized"},
-    {false, 0x9010, "OffsetTime"}, {false, 0x9011, "OffsetTimeOriginal"},
-    {false, 0x9012, "OffsetTimeDigitized"}, {false, 0x9101, "ComponentsConfiguration"},
-    {false, 0x9102, "CompressedBitsPerPixel"}, {false, 0x9201, "ShutterSpeedValue"},
-    {false, 0x9202, "ApertureValue"}, {false, 0x9203, "BrightnessValue"},
-    {false, 0x9204, "ExposureBiasValue"}, {false, 0x9205, "MaxApertureValue"},
-    {false, 0x9206, "SubjectDistance"}, {false, 0x9207, "MeteringMode"},
-    {false, 0x9208, "LightSource"}, {false, 0x9209, "Flash"}, {false, 0x920A, "FocalLength"},
-    {false, 0x9214, "SubjectArea"}, {false, 0x927C, "MakerNote"},
-    {false, 0x9286, "UserComment"}, {false, 0x9290, "SubSecTime"},
-    {false, 0x9291, "SubSecTimeOriginal"}, {false, 0x9292, "SubSecTimeDigitized"},
-    {false, 0xA000, "FlashpixVersion"}, {false, 0xA001, "ColorSpace"},
-    {false, 0xA002, "PixelXDimension"}, {false, 0xA003, "PixelYDimension"},
-    {false, 0xA004, "RelatedSoundFile"}, {false, 0xA005, "InteroperabilityIFDPointer"},
-    {false, 0xA20B, "FlashEnergy"}, {false, 0xA20E, "FocalPlaneXResolution"},
-    {false, 0xA20F, "FocalPlaneYResolution"}, {false, 0xA210, "FocalPlaneResolutionUnit"},
-    {false, 0xA214, "SubjectLocation"}, {false, 0xA215, "ExposureIndex"},
-    {false, 0xA217, "SensingMethod"}, {false, 0xA300, "FileSource"},
-    {false, 0xA301, "SceneType"}, {false, 0xA302, "CFAPattern"},
-    {false, 0xA401, "CustomRendered"}, {false, 0xA402, "ExposureMode"},
-    {false, 0xA403, "WhiteBalance"}, {false, 0xA404, "DigitalZoomRatio"},
-    {false, 0xA405, "FocalLengthIn35mmFilm"}, {false, 0xA406, "SceneCaptureType"},
-    {false, 0xA407, "GainControl"}, {false, 0xA408, "Contrast"},
-    {false, 0xA409, "Saturation"}, {false, 0xA40A, "Sharpness"},
-    {false, 0xA40C, "SubjectDistanceRange"}, {false, 0xA420, "ImageUniqueID"},
-    {false, 0xA430, "CameraOwnerName"}, {false, 0xA431, "BodySerialNumber"},
-    {false, 0xA432, "LensSpecification"}, {false, 0xA433, "LensMake"},
-    {false, 0xA434, "LensModel"}, {false, 0xA435, "LensSerialNumber"},
-    {true, 0x00, "GPSVersionID"}, {true, 0x01, "GPSLatitudeRef"}, {true, 0x02, "GPSLatitude"},
-    {true, 0x03, "GPSLongitudeRef"}, {true, 0x04, "GPSLongitude"},
-    {true, 0x05, "GPSAltitudeRef"}, {true, 0x06, "GPSAltitude"}, {true, 0x07, "GPSTimeStamp"},
-    {true, 0x08, "GPSSatellites"}, {true, 0x09, "GPSStatus"}, {true, 0x0A, "GPSMeasureMode"},
-    {true, 0x0B, "GPSDOP"}, {true, 0x0C, "GPSSpeedRef"}, {true, 0x0D, "GPSSpeed"},
-    {true, 0x0E, "GPSTrackRef"}, {true, 0x0F, "GPSTrack"}, {true, 0x10, "GPSImgDirectionRef"},
-    {true, 0x11, "GPSImgDirection"}, {true, 0x12, "GPSMapDatum"},
-    {true, 0x1B, "GPSProcessingMethod"}, {true, 0x1D, "GPSDateStamp"},
+    {false, 0x0001, "InteroperabilityIndex"},
+    {false, 0x0002, "InteroperabilityVersion"},
+    {false, 0x00FE, "NewSubfileType"},
+    {false, 0x0100, "ImageWidth"},
+    {false, 0x0101, "ImageLength"},
+    {false, 0x0102, "BitsPerSample"},
+    {false, 0x0103, "Compression"},
+    {false, 0x0106, "PhotometricInterpretation"},
+    {false, 0x010E, "ImageDescription"},
+    {false, 0x010F, "Make"},
+    {false, 0x0110, "Model"},
+    {false, 0x0111, "StripOffsets"},
+    {false, 0x0112, "Orientation"},
+    {false, 0x0115, "SamplesPerPixel"},
+    {false, 0x0116, "RowsPerStrip"},
+    {false, 0x0117, "StripByteCounts"},
+    {false, 0x011A, "XResolution"},
+    {false, 0x011B, "YResolution"},
+    {false, 0x011C, "PlanarConfiguration"},
+    {false, 0x0128, "ResolutionUnit"},
+    {false, 0x012D, "TransferFunction"},
+    {false, 0x0131, "Software"},
+    {false, 0x0132, "DateTime"},
+    {false, 0x013B, "Artist"},
+    {false, 0x013E, "WhitePoint"},
+    {false, 0x013F, "PrimaryChromaticities"},
+    {false, 0x0201, "JPEGInterchangeFormat"},
+    {false, 0x0202, "JPEGInterchangeFormatLength"},
+    {false, 0x0211, "YCbCrCoefficients"},
+    {false, 0x0212, "YCbCrSubSampling"},
+    {false, 0x0213, "YCbCrPositioning"},
+    {false, 0x0214, "ReferenceBlackWhite"},
+    {false, 0x8298, "Copyright"},
+    {false, 0x829A, "ExposureTime"},
+    {false, 0x829D, "FNumber"},
+    {false, 0x8769, "ExifIFDPointer"},
+    {false, 0x8822, "ExposureProgram"},
+    {false, 0x8824, "SpectralSensitivity"},
+    {false, 0x8825, "GPSInfoIFDPointer"},
+    {false, 0x8827, "ISOSpeedRatings"},
+    {false, 0x8828, "OECF"},
+    {false, 0x8830, "SensitivityType"},
+    {false, 0x9000, "ExifVersion"},
+    {false, 0x9003, "DateTimeOriginal"},
+    {false, 0x9004, "DateTimeDigitized"},
+    {false, 0x9010, "OffsetTime"},
+    {false, 0x9011, "OffsetTimeOriginal"},
+    {false, 0x9012, "OffsetTimeDigitized"},
+    {false, 0x9101, "ComponentsConfiguration"},
+    {false, 0x9102, "CompressedBitsPerPixel"},
+    {false, 0x9201, "ShutterSpeedValue"},
+    {false, 0x9202, "ApertureValue"},
+    {false, 0x9203, "BrightnessValue"},
+    {false, 0x9204, "ExposureBiasValue"},
+    {false, 0x9205, "MaxApertureValue"},
+    {false, 0x9206, "SubjectDistance"},
+    {false, 0x9207, "MeteringMode"},
+    {false, 0x9208, "LightSource"},
+    {false, 0x9209, "Flash"},
+    {false, 0x920A, "FocalLength"},
+    {false, 0x9214, "SubjectArea"},
+    {false, 0x927C, "MakerNote"},
+    {false, 0x9286, "UserComment"},
+    {false, 0x9290, "SubSecTime"},
+    {false, 0x9291, "SubSecTimeOriginal"},
+    {false, 0x9292, "SubSecTimeDigitized"},
+    {false, 0xA000, "FlashpixVersion"},
+    {false, 0xA001, "ColorSpace"},
+    {false, 0xA002, "PixelXDimension"},
+    {false, 0xA003, "PixelYDimension"},
+    {false, 0xA004, "RelatedSoundFile"},
+    {false, 0xA005, "InteroperabilityIFDPointer"},
+    {false, 0xA20B, "FlashEnergy"},
+    {false, 0xA20E, "FocalPlaneXResolution"},
+    {false, 0xA20F, "FocalPlaneYResolution"},
+    {false, 0xA210, "FocalPlaneResolutionUnit"},
+    {false, 0xA214, "SubjectLocation"},
+    {false, 0xA215, "ExposureIndex"},
+    {false, 0xA217, "SensingMethod"},
+    {false, 0xA300, "FileSource"},
+    {false, 0xA301, "SceneType"},
+    {false, 0xA302, "CFAPattern"},
+    {false, 0xA401, "CustomRendered"},
+    {false, 0xA402, "ExposureMode"},
+    {false, 0xA403, "WhiteBalance"},
+    {false, 0xA404, "DigitalZoomRatio"},
+    {false, 0xA405, "FocalLengthIn35mmFilm"},
+    {false, 0xA406, "SceneCaptureType"},
+    {false, 0xA407, "GainControl"},
+    {false, 0xA408, "Contrast"},
+    {false, 0xA409, "Saturation"},
+    {false, 0xA40A, "Sharpness"},
+    {false, 0xA40C, "SubjectDistanceRange"},
+    {false, 0xA420, "ImageUniqueID"},
+    {false, 0xA430, "CameraOwnerName"},
+    {false, 0xA431, "BodySerialNumber"},
+    {false, 0xA432, "LensSpecification"},
+    {false, 0xA433, "LensMake"},
+    {false, 0xA434, "LensModel"},
+    {false, 0xA435, "LensSerialNumber"},
+    {true, 0x00, "GPSVersionID"},
+    {true, 0x01, "GPSLatitudeRef"},
+    {true, 0x02, "GPSLatitude"},
+    {true, 0x03, "GPSLongitudeRef"},
+    {true, 0x04, "GPSLongitude"},
+    {true, 0x05, "GPSAltitudeRef"},
+    {true, 0x06, "GPSAltitude"},
+    {true, 0x07, "GPSTimeStamp"},
+    {true, 0x08, "GPSSatellites"},
+    {true, 0x09, "GPSStatus"},
+    {true, 0x0A, "GPSMeasureMode"},
+    {true, 0x0B, "GPSDOP"},
+    {true, 0x0C, "GPSSpeedRef"},
+    {true, 0x0D, "GPSSpeed"},
+    {true, 0x0E, "GPSTrackRef"},
+    {true, 0x0F, "GPSTrack"},
+    {true, 0x10, "GPSImgDirectionRef"},
+    {true, 0x11, "GPSImgDirection"},
+    {true, 0x12, "GPSMapDatum"},
+    {true, 0x1B, "GPSProcessingMethod"},
+    {true, 0x1D, "GPSDateStamp"},
     {true, 0x1E, "GPSDifferential"},
 };
 
@@ -152,40 +234,41 @@ public:
         if (ok)
             *ok = true;
         const size_t off = e.offset + size_t(i) * kTypeSize[e.type];
-        switch (e.type)
-        {
+        switch (e.type) {
         case T_BYTE:
         case T_UNDEFINED:
-        case T_ASCII: return m_p[off];
-        case T_SBYTE: return static_cast<signed char>(m_p[off]);
-        case T_SHORT: return u16(off);
-        case T_SSHORT: return static_cast<std::int16_t>(u16(off));
+        case T_ASCII:
+            return m_p[off];
+        case T_SBYTE:
+            return static_cast<signed char>(m_p[off]);
+        case T_SHORT:
+            return u16(off);
+        case T_SSHORT:
+            return static_cast<std::int16_t>(u16(off));
         case T_LONG:
-        case T_IFD: return u32(off);
-        case T_SLONG: return static_cast<std::int32_t>(u32(off));
+        case T_IFD:
+            return u32(off);
+        case T_SLONG:
+            return static_cast<std::int32_t>(u32(off));
         case T_RATIONAL:
-        case T_SRATIONAL:
-        {
+        case T_SRATIONAL: {
             const bool sign = e.type == T_SRATIONAL;
             const double num = sign ? double(std::int32_t(u32(off))) : double(u32(off));
             const double den = sign ? double(std::int32_t(u32(off + 4))) : double(u32(off + 4));
-            if (den == 0)
-            {
+            if (den == 0) {
                 if (ok)
                     *ok = false;
                 return 0.0;
             }
             return num / den;
         }
-        case T_FLOAT:
-        {
+        case T_FLOAT: {
             const DWORD bits = u32(off);
             float f;
             std::memcpy(&f, &bits, 4);
             return f;
         }
-        case T_DOUBLE:
-        {
+        case T_DOUBLE: {
             const std::uint64_t hi = u32(off + (m_le ? 4 : 0)), lo = u32(off + (m_le ? 0 : 4));
             const std::uint64_t bits = hi << 32 | lo;
             double d;
@@ -204,8 +287,8 @@ private:
 
 bool IsIntegerType(WORD type)
 {
-    return type == T_BYTE || type == T_SBYTE || type == T_SHORT || type == T_SSHORT ||
-           type == T_LONG || type == T_SLONG || type == T_IFD || type == T_UNDEFINED;
+    return type == T_BYTE || type == T_SBYTE || type == T_SHORT || type == T_SSHORT || type == T_LONG ||
+           type == T_SLONG || type == T_IFD || type == T_UNDEFINED;
 }
 
 // Bytes up to the first NUL, trailing blanks removed; UTF-8 converted.
@@ -217,8 +300,7 @@ CString TextOf(const BYTE* p, size_t n)
     while (len > 0 && p[len - 1] == ' ')
         --len;
     const std::string_view text(reinterpret_cast<const char*>(p), len);
-    if (twutil_jpeg::LooksLikeUtf8(text))
-    {
+    if (twutil_jpeg::LooksLikeUtf8(text)) {
         const std::string converted = twutil_jpeg::Utf8ToCp1252(text);
         return CString(converted.data(), static_cast<int>(converted.size()));
     }
@@ -228,13 +310,12 @@ CString TextOf(const BYTE* p, size_t n)
 // UCS-2 text to cp1252 for the characters the code page has, '?' otherwise.
 CString Ucs2Text(const TiffBlock& t, size_t off, size_t n)
 {
-    static constexpr WORD kHigh[32] = {
-        0x20AC, 0, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-        0x2039, 0x0152, 0, 0x017D, 0, 0, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013,
-        0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0, 0x017E, 0x0178};
+    static constexpr WORD kHigh[32] = {0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                       0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0,      0x017D, 0,
+                                       0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                       0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
     std::string out;
-    for (size_t i = 0; i + 1 < n; i += 2)
-    {
+    for (size_t i = 0; i + 1 < n; i += 2) {
         const WORD c = t.u16(off + i);
         if (c == 0)
             break;
@@ -264,13 +345,11 @@ CString DisplayText(const TiffBlock& t, const Entry& e)
 {
     if (e.type == T_ASCII)
         return TextOf(t.at(e.offset), e.size);
-    if (e.type == T_UNDEFINED)
-    {
+    if (e.type == T_UNDEFINED) {
         for (WORD v : kVersionTags)
             if (v == e.id && e.ifd != IFD_GPS)
                 return TextOf(t.at(e.offset), e.size);
-        if (e.id == 0x9286 && e.ifd == IFD_EXIF)
-        {
+        if (e.id == 0x9286 && e.ifd == IFD_EXIF) {
             if (e.size < 8)
                 return CString();
             const BYTE* code = t.at(e.offset);
@@ -281,24 +360,19 @@ CString DisplayText(const TiffBlock& t, const Entry& e)
     }
     CString text;
     const DWORD shown = e.count < DWORD(kMaxListedValues) ? e.count : DWORD(kMaxListedValues);
-    for (DWORD i = 0; i < shown; ++i)
-    {
+    for (DWORD i = 0; i < shown; ++i) {
         if (i)
             text += ' ';
         bool ok = true;
         const double v = t.Number(e, i, &ok);
-        if (!ok)
-        {
+        if (!ok) {
             const size_t off = e.offset + size_t(i) * 8;
             text += t.u32(off) == 0 ? "undef" : "inf";
-        }
-        else if (IsIntegerType(e.type))
-        {
+        } else if (IsIntegerType(e.type)) {
             char buf[24];
             std::snprintf(buf, sizeof buf, "%lld", static_cast<long long>(v));
             text += buf;
-        }
-        else
+        } else
             text += FormatNumber(v);
     }
     if (shown < e.count)
@@ -312,8 +386,7 @@ class Decoder
 public:
     Decoder(const TiffBlock& t, tag_ExifInfo& info, ExifTagCallback cb, void* ctx)
         : m_t(t), m_info(info), m_cb(cb), m_ctx(ctx)
-    {
-    }
+    {}
 
     void WalkIfd(size_t off, IfdKind kind, int depth);
     void Finish();
@@ -349,8 +422,7 @@ void Decoder::WalkIfd(size_t off, IfdKind kind, int depth)
     const size_t declared = m_t.u16(off);
     const size_t fitting = (m_t.size() - off - 2) / 12;
     const size_t count = declared < fitting ? declared : fitting;
-    for (size_t i = 0; i < count; ++i)
-    {
+    for (size_t i = 0; i < count; ++i) {
         const size_t pos = off + 2 + i * 12;
         Entry e{kind, m_t.u16(pos), m_t.u16(pos + 2), m_t.u32(pos + 4), 0, 0};
         if (e.type >= std::size(kTypeSize) || kTypeSize[e.type] == 0)
@@ -375,8 +447,7 @@ void Decoder::WalkIfd(size_t off, IfdKind kind, int depth)
         else if (kind == IFD_EXIF && e.id == 0xA005)
             WalkIfd(m_t.u32(e.offset), IFD_INTEROP, depth + 1);
     }
-    if (kind == IFD_0 && declared <= fitting && m_t.has(off + 2 + declared * 12, 4))
-    {
+    if (kind == IFD_0 && declared <= fitting && m_t.has(off + 2 + declared * 12, 4)) {
         const size_t next = m_t.u32(off + 2 + declared * 12);
         if (next != 0)
             WalkIfd(next, IFD_1, depth + 1);
@@ -385,20 +456,17 @@ void Decoder::WalkIfd(size_t off, IfdKind kind, int depth)
 
 void Decoder::OnEntry(const Entry& e)
 {
-    if (m_cb)
-    {
+    if (m_cb) {
         char unknown[16];
         const char* name = FindTagName(e.ifd, e.id);
-        if (!name)
-        {
+        if (!name) {
             std::snprintf(unknown, sizeof unknown, "Tag0x%04X", unsigned(e.id));
             name = unknown;
         }
         const CString text = DisplayText(m_t, e);
         ExifTag tag{kIfdNames[e.ifd], e.id, name, e.type, e.count, text.GetString(), false, false, 0.0};
         const bool numeric = e.type != T_ASCII && !(e.type == T_UNDEFINED && e.count != 1);
-        if (numeric && e.count == 1)
-        {
+        if (numeric && e.count == 1) {
             bool ok = true;
             tag.number = m_t.Number(e, 0, &ok);
             tag.isNumber = ok;
@@ -418,8 +486,7 @@ void Decoder::Record(const Entry& e)
     const bool value = number && ok;
     auto asInt = [&](double v) { return v >= INT_MIN && v <= INT_MAX ? int(v) : 0; };
 
-    if (e.ifd == IFD_GPS)
-    {
+    if (e.ifd == IFD_GPS) {
         auto degrees = [&](double& out) {
             if (!number || e.count < 3)
                 return false;
@@ -430,59 +497,177 @@ void Decoder::Record(const Entry& e)
             out = parts[0] + parts[1] / 60.0 + parts[2] / 3600.0;
             return true;
         };
-        switch (e.id)
-        {
-        case 0x01: if (text) m_latRef = char(*m_t.at(e.offset)); break;
-        case 0x02: m_hasLat = degrees(m_lat); break;
-        case 0x03: if (text) m_lonRef = char(*m_t.at(e.offset)); break;
-        case 0x04: m_hasLon = degrees(m_lon); break;
-        case 0x05: m_altRef = int(m_t.Number(e, 0)); break;
-        case 0x06: if (value) { m_alt = first; m_hasAlt = true; } break;
+        switch (e.id) {
+        case 0x01:
+            if (text)
+                m_latRef = char(*m_t.at(e.offset));
+            break;
+        case 0x02:
+            m_hasLat = degrees(m_lat);
+            break;
+        case 0x03:
+            if (text)
+                m_lonRef = char(*m_t.at(e.offset));
+            break;
+        case 0x04:
+            m_hasLon = degrees(m_lon);
+            break;
+        case 0x05:
+            m_altRef = int(m_t.Number(e, 0));
+            break;
+        case 0x06:
+            if (value) {
+                m_alt = first;
+                m_hasAlt = true;
+            }
+            break;
         }
         return;
     }
     if (e.ifd == IFD_1 || e.ifd == IFD_INTEROP)
         return;
 
-    switch (e.id)
-    {
-    case 0x010E: if (text) m_info.ImageDescription = TextOf(m_t.at(e.offset), e.size); break;
-    case 0x010F: if (text) m_info.CameraMake = TextOf(m_t.at(e.offset), e.size); break;
-    case 0x0110: if (text) m_info.CameraModel = TextOf(m_t.at(e.offset), e.size); break;
+    switch (e.id) {
+    case 0x010E:
+        if (text)
+            m_info.ImageDescription = TextOf(m_t.at(e.offset), e.size);
+        break;
+    case 0x010F:
+        if (text)
+            m_info.CameraMake = TextOf(m_t.at(e.offset), e.size);
+        break;
+    case 0x0110:
+        if (text)
+            m_info.CameraModel = TextOf(m_t.at(e.offset), e.size);
+        break;
     case 0x0112:
         if (value)
             m_info.Orientation = first >= 1 && first <= 8 ? int(first) : 0;
         break;
-    case 0x011A: if (value) m_info.XResolution = first; break;
-    case 0x011B: if (value) m_info.YResolution = first; break;
-    case 0x0128: if (value) m_info.ResolutionUnit = asInt(first); break;
-    case 0x0131: if (text) m_info.Software = TextOf(m_t.at(e.offset), e.size); break;
-    case 0x0132: if (text) m_info.DateTimeModified = TextOf(m_t.at(e.offset), e.size); break;
-    case 0x013B: if (text) m_info.Artist = TextOf(m_t.at(e.offset), e.size); break;
-    case 0x8298: if (text) m_info.Copyright = TextOf(m_t.at(e.offset), e.size); break;
-    case 0x829A: if (value) m_info.ExposureTime = first; break;
-    case 0x829D: if (value) m_info.FNumber = first; break;
-    case 0x8822: if (value) m_info.ExposureProgram = asInt(first); break;
-    case 0x8827: if (value) m_info.ISOequivalent = asInt(first); break;
-    case 0x9003: if (text) m_original = TextOf(m_t.at(e.offset), e.size); break;
-    case 0x9004: if (text) m_digitized = TextOf(m_t.at(e.offset), e.size); break;
-    case 0x9201: if (value) { m_shutterApex = first; m_hasShutter = true; } break;
-    case 0x9202: if (value) { m_apertureApex = first; m_hasAperture = true; } break;
-    case 0x9204: if (value) m_info.ExposureBias = first; break;
-    case 0x9206: if (value) m_info.SubjectDistance = first; break;
-    case 0x9207: if (value) m_info.MeteringMode = asInt(first); break;
-    case 0x9208: if (value) m_info.LightSource = asInt(first); break;
-    case 0x9209: if (value) m_info.Flash = asInt(first); break;
-    case 0x920A: if (value) m_info.FocalLength = first; break;
-    case 0x9286: if (e.type == T_UNDEFINED) m_info.UserComment = DisplayText(m_t, e); break;
-    case 0xA002: if (value) m_info.Width = asInt(first); break;
-    case 0xA003: if (value) m_info.Height = asInt(first); break;
-    case 0xA402: if (value) m_info.ExposureMode = asInt(first); break;
-    case 0xA403: if (value) m_info.WhiteBalance = asInt(first); break;
-    case 0xA404: if (value) m_info.DigitalZoomRatio = first; break;
-    case 0xA405: if (value) m_info.FocalLength35mm = asInt(first); break;
-    case 0xA406: if (value) m_info.SceneCaptureType = asInt(first); break;
-    case 0xA434: if (text) m_info.LensModel = TextOf(m_t.at(e.offset), e.size); break;
+    case 0x011A:
+        if (value)
+            m_info.XResolution = first;
+        break;
+    case 0x011B:
+        if (value)
+            m_info.YResolution = first;
+        break;
+    case 0x0128:
+        if (value)
+            m_info.ResolutionUnit = asInt(first);
+        break;
+    case 0x0131:
+        if (text)
+            m_info.Software = TextOf(m_t.at(e.offset), e.size);
+        break;
+    case 0x0132:
+        if (text)
+            m_info.DateTimeModified = TextOf(m_t.at(e.offset), e.size);
+        break;
+    case 0x013B:
+        if (text)
+            m_info.Artist = TextOf(m_t.at(e.offset), e.size);
+        break;
+    case 0x8298:
+        if (text)
+            m_info.Copyright = TextOf(m_t.at(e.offset), e.size);
+        break;
+    case 0x829A:
+        if (value)
+            m_info.ExposureTime = first;
+        break;
+    case 0x829D:
+        if (value)
+            m_info.FNumber = first;
+        break;
+    case 0x8822:
+        if (value)
+            m_info.ExposureProgram = asInt(first);
+        break;
+    case 0x8827:
+        if (value)
+            m_info.ISOequivalent = asInt(first);
+        break;
+    case 0x9003:
+        if (text)
+            m_original = TextOf(m_t.at(e.offset), e.size);
+        break;
+    case 0x9004:
+        if (text)
+            m_digitized = TextOf(m_t.at(e.offset), e.size);
+        break;
+    case 0x9201:
+        if (value) {
+            m_shutterApex = first;
+            m_hasShutter = true;
+        }
+        break;
+    case 0x9202:
+        if (value) {
+            m_apertureApex = first;
+            m_hasAperture = true;
+        }
+        break;
+    case 0x9204:
+        if (value)
+            m_info.ExposureBias = first;
+        break;
+    case 0x9206:
+        if (value)
+            m_info.SubjectDistance = first;
+        break;
+    case 0x9207:
+        if (value)
+            m_info.MeteringMode = asInt(first);
+        break;
+    case 0x9208:
+        if (value)
+            m_info.LightSource = asInt(first);
+        break;
+    case 0x9209:
+        if (value)
+            m_info.Flash = asInt(first);
+        break;
+    case 0x920A:
+        if (value)
+            m_info.FocalLength = first;
+        break;
+    case 0x9286:
+        if (e.type == T_UNDEFINED)
+            m_info.UserComment = DisplayText(m_t, e);
+        break;
+    case 0xA002:
+        if (value)
+            m_info.Width = asInt(first);
+        break;
+    case 0xA003:
+        if (value)
+            m_info.Height = asInt(first);
+        break;
+    case 0xA402:
+        if (value)
+            m_info.ExposureMode = asInt(first);
+        break;
+    case 0xA403:
+        if (value)
+            m_info.WhiteBalance = asInt(first);
+        break;
+    case 0xA404:
+        if (value)
+            m_info.DigitalZoomRatio = first;
+        break;
+    case 0xA405:
+        if (value)
+            m_info.FocalLength35mm = asInt(first);
+        break;
+    case 0xA406:
+        if (value)
+            m_info.SceneCaptureType = asInt(first);
+        break;
+    case 0xA434:
+        if (text)
+            m_info.LensModel = TextOf(m_t.at(e.offset), e.size);
+        break;
     }
 }
 
@@ -500,14 +685,12 @@ void Decoder::Finish()
     if (m_info.FNumber == 0 && m_hasAperture && std::fabs(m_apertureApex) < 64)
         m_info.FNumber = std::exp2(m_apertureApex / 2.0);
 
-    if (m_hasLat && m_hasLon)
-    {
+    if (m_hasLat && m_hasLon) {
         m_info.HasGps = TRUE;
         m_info.GpsLatitude = m_latRef == 'S' ? -m_lat : m_lat;
         m_info.GpsLongitude = m_lonRef == 'W' ? -m_lon : m_lon;
     }
-    if (m_hasAlt)
-    {
+    if (m_hasAlt) {
         m_info.HasGpsAltitude = TRUE;
         m_info.GpsAltitude = m_altRef == 1 ? -m_alt : m_alt;
     }
@@ -521,17 +704,14 @@ void StoreTag(const ExifTag& tag, void* context)
     if (std::strcmp(tag.ifd, "IFD1") == 0)
         key += "IFD1.";
     key += tag.name;
-    try
-    {
+    try {
         if (tag.isInteger && tag.number >= INT_MIN && tag.number <= INT_MAX)
             store->setInt(key, static_cast<int>(tag.number));
         else if (tag.isNumber)
             store->setDouble(key, tag.number);
         else
             store->setString(key, tag.text);
-    }
-    catch (CException* e)
-    {
+    } catch (CException* e) {
         e->Delete();
     }
 }
@@ -551,19 +731,14 @@ JpegParts ReadJpegParts(twutil_jpeg::ByteSource& source)
     JpegParts parts;
     bool haveFrame = false;
     parts.isJpeg = ScanSegments(
-        source,
-        [](BYTE marker) { return marker == 0xE1 || IsFrameMarker(marker); },
+        source, [](BYTE marker) { return marker == 0xE1 || IsFrameMarker(marker); },
         [&](const Segment& s) {
-            if (s.marker == 0xE1)
-            {
-                if (!parts.hasExif && s.size >= 6 && std::memcmp(s.body, "Exif\0", 5) == 0)
-                {
+            if (s.marker == 0xE1) {
+                if (!parts.hasExif && s.size >= 6 && std::memcmp(s.body, "Exif\0", 5) == 0) {
                     parts.app1.assign(s.body, s.body + s.size);
                     parts.hasExif = true;
                 }
-            }
-            else if (!haveFrame && s.size >= 5)
-            {
+            } else if (!haveFrame && s.size >= 5) {
                 parts.frameHeight = s.body[1] << 8 | s.body[2];
                 parts.frameWidth = s.body[3] << 8 | s.body[4];
                 haveFrame = true;
@@ -575,36 +750,29 @@ JpegParts ReadJpegParts(twutil_jpeg::ByteSource& source)
 
 }  // namespace
 
-Cexif::Cexif(tag_ExifInfo* info) : m_exifinfo(info ? info : &m_ownInfo)
-{
-}
+Cexif::Cexif(tag_ExifInfo* info) : m_exifinfo(info ? info : &m_ownInfo) {}
 
-bool Cexif::DecodeExifBlock(const BYTE* block, size_t size, ExifTagCallback tagCallback,
-                            void* context)
+bool Cexif::DecodeExifBlock(const BYTE* block, size_t size, ExifTagCallback tagCallback, void* context)
 {
     *m_exifinfo = tag_ExifInfo();
     m_lastError.Empty();
     if (!block)
         size = 0;
-    if (size >= 6 && std::memcmp(block, "Exif\0", 5) == 0)
-    {
+    if (size >= 6 && std::memcmp(block, "Exif\0", 5) == 0) {
         block += 6;
         size -= 6;
     }
-    if (size < 8 || !((block[0] == 'I' && block[1] == 'I') || (block[0] == 'M' && block[1] == 'M')))
-    {
+    if (size < 8 || !((block[0] == 'I' && block[1] == 'I') || (block[0] == 'M' && block[1] == 'M'))) {
         m_lastError = "no TIFF header in the EXIF block";
         return false;
     }
     const TiffBlock t(block, size, block[0] == 'I');
-    if (t.u16(2) != 42)
-    {
+    if (t.u16(2) != 42) {
         m_lastError = "no TIFF header in the EXIF block";
         return false;
     }
     const size_t ifd0 = t.u32(4);
-    if (!t.has(ifd0, 2))
-    {
+    if (!t.has(ifd0, 2)) {
         m_lastError = "the first IFD lies outside the EXIF block";
         return false;
     }
@@ -618,15 +786,13 @@ bool Cexif::DecodeExifBlock(const BYTE* block, size_t size, ExifTagCallback tagC
 static bool DecodeParts(Cexif& exif, const JpegParts& parts, ExifTagCallback cb, void* ctx)
 {
     tag_ExifInfo& info = *exif.GetInfo();
-    if (!parts.isJpeg || !parts.hasExif)
-    {
+    if (!parts.isJpeg || !parts.hasExif) {
         exif.DecodeExifBlock(nullptr, 0);
         return false;
     }
     if (!exif.DecodeExifBlock(parts.app1.data(), parts.app1.size(), cb, ctx))
         return false;
-    if (info.Width == 0 && info.Height == 0)
-    {
+    if (info.Width == 0 && info.Height == 0) {
         info.Width = parts.frameWidth;
         info.Height = parts.frameHeight;
     }

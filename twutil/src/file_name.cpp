@@ -11,17 +11,15 @@ constexpr std::string_view kShownPictures[] = {
     "bmp", "dib", "jpg", "jpeg", "jpe", "jfif", "gif", "png", "ico", "wmf", "emf",
 };
 constexpr std::string_view kOtherPictures[] = {
-    "tif", "tiff", "webp", "heic", "heif", "jp2", "psd", "pcx", "tga", "svg",
-    "cr2", "cr3", "crw", "nef", "nrw", "arw", "srf", "sr2", "dng", "orf", "rw2",
-    "raf", "pef", "srw", "x3f", "raw",
+    "tif", "tiff", "webp", "heic", "heif", "jp2", "psd", "pcx", "tga", "svg", "cr2", "cr3", "crw",
+    "nef", "nrw",  "arw",  "srf",  "sr2",  "dng", "orf", "rw2", "raf", "pef", "srw", "x3f", "raw",
 };
 constexpr std::string_view kMovies[] = {
-    "avi", "mpg", "mpeg", "mpe", "m1v", "m2v", "mp4", "m4v", "mov", "qt", "wmv", "asf",
-    "mkv", "webm", "flv", "3gp", "3g2", "mts", "m2ts", "ts", "vob", "ogv", "divx",
+    "avi", "mpg",  "mpeg", "mpe", "m1v", "m2v", "mp4",  "m4v", "mov", "qt",  "wmv",  "asf",
+    "mkv", "webm", "flv",  "3gp", "3g2", "mts", "m2ts", "ts",  "vob", "ogv", "divx",
 };
 constexpr std::string_view kWebPages[] = {
-    "htm", "html", "shtm", "shtml", "xht", "xhtml", "mht", "mhtml", "php", "asp", "aspx",
-    "jsp", "url",
+    "htm", "html", "shtm", "shtml", "xht", "xhtml", "mht", "mhtml", "php", "asp", "aspx", "jsp", "url",
 };
 constexpr std::string_view kPrograms[] = {"exe", "com", "bat", "cmd", "pif", "scr"};
 
@@ -40,8 +38,7 @@ bool IsDriveLetter(char c)
 int EndOfComponents(const char* s, int n, int start, int count)
 {
     int i = start;
-    for (int c = 0; c < count && i < n; ++c)
-    {
+    for (int c = 0; c < count && i < n; ++c) {
         if (c > 0)
             ++i;  // the separator between two components
         while (i < n && !IsSeparator(s[i]))
@@ -61,12 +58,11 @@ int DriveLength(const CString& path)
         return 2;
     if (n < 2 || !IsSeparator(s[0]) || !IsSeparator(s[1]))
         return 0;
-    if (n >= 4 && (s[2] == '?' || s[2] == '.') && IsSeparator(s[3]))
-    {
+    if (n >= 4 && (s[2] == '?' || s[2] == '.') && IsSeparator(s[3])) {
         if (letterColon(4))
             return 6;
-        if (n >= 8 && (s[4] == 'U' || s[4] == 'u') && (s[5] == 'N' || s[5] == 'n') &&
-            (s[6] == 'C' || s[6] == 'c') && IsSeparator(s[7]))
+        if (n >= 8 && (s[4] == 'U' || s[4] == 'u') && (s[5] == 'N' || s[5] == 'n') && (s[6] == 'C' || s[6] == 'c') &&
+            IsSeparator(s[7]))
             return EndOfComponents(s, n, 8, 2);
         return EndOfComponents(s, n, 4, 1);
     }
@@ -102,18 +98,15 @@ void CFileName::SetFilename(const CString& path)
 {
     CString text = path;
     text.Trim();
-    if (text.GetLength() >= 2 && text[0] == '"' && text[text.GetLength() - 1] == '"')
-    {
+    if (text.GetLength() >= 2 && text[0] == '"' && text[text.GetLength() - 1] == '"') {
         text = text.Mid(1, text.GetLength() - 2);
         text.Trim();
     }
 
     const int driveLength = DriveLength(text);
     int lastSeparator = -1;
-    for (int i = text.GetLength() - 1; i >= driveLength; --i)
-    {
-        if (IsSeparator(text[i]))
-        {
+    for (int i = text.GetLength() - 1; i >= driveLength; --i) {
+        if (IsSeparator(text[i])) {
             lastSeparator = i;
             break;
         }
@@ -162,8 +155,7 @@ CString CFileName::GetFilenameFullShorted(int maxLength) const
 
     // Drop folders from the front, one separator at a time, until the rest fits.
     const int dirStart = m_sDrive.GetLength();
-    for (int i = 0; i < m_sDir.GetLength(); ++i)
-    {
+    for (int i = 0; i < m_sDir.GetLength(); ++i) {
         if (!IsSeparator(m_sDir[i]))
             continue;
         const CString candidate = prefix + full.Mid(dirStart + i + 1);

@@ -6,8 +6,7 @@ CString CFileName::GetFilename(HMODULE module)
 {
     // Module paths may be longer than MAX_PATH; grow until the name fits.
     std::vector<char> path(MAX_PATH);
-    for (;;)
-    {
+    for (;;) {
         const DWORD length = GetModuleFileNameA(module, path.data(), static_cast<DWORD>(path.size()));
         if (length == 0)
             return CString();

@@ -57,8 +57,8 @@ BOOL CFileOperation::IsFileWritable(const char* path)
         return FALSE;
     // Opening for writing without changing anything tells whether another
     // program holds the file against writers.
-    HANDLE file = CreateFileA(path, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                              nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    HANDLE file = CreateFileA(path, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                              OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE)
         return FALSE;
     CloseHandle(file);
@@ -70,14 +70,12 @@ BOOL CFileOperation::DeleteFileA(const char* path, bool force)
     if (!FileExist(path))
         return FALSE;
     const DWORD attributes = GetFileAttributesA(path);
-    if ((attributes & FILE_ATTRIBUTE_READONLY) != 0)
-    {
+    if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) {
         if (!force)
             return FALSE;
         if (!SetFileAttributesA(path, attributes & ~FILE_ATTRIBUTE_READONLY))
             return FALSE;
-        if (!::DeleteFileA(path))
-        {
+        if (!::DeleteFileA(path)) {
             // Leave the file as it was when it cannot go.
             SetFileAttributesA(path, attributes);
             return FALSE;

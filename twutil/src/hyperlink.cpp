@@ -1,8 +1,6 @@
 #include "hyperlink.h"
 
-CHyperlink::CHyperlink(const char* link) : m_sLink(link != nullptr ? link : "")
-{
-}
+CHyperlink::CHyperlink(const char* link) : m_sLink(link != nullptr ? link : "") {}
 
 CHyperlink::CHyperlink(const CHyperlink& other) = default;
 

@@ -9,10 +9,10 @@ namespace twutil_jpeg {
 namespace {
 
 // Unicode code points of the cp1252 bytes 0x80..0x9F (0 where undefined).
-constexpr unsigned kCp1252High[32] = {
-    0x20AC, 0, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0, 0x017D, 0, 0, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013,
-    0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0, 0x017E, 0x0178};
+constexpr unsigned kCp1252High[32] = {0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                      0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0,      0x017D, 0,
+                                      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                      0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
 
 char ToCp1252(unsigned cp)
 {
@@ -31,27 +31,40 @@ std::string Utf8ToCp1252(std::string_view in)
     std::string out;
     const size_t n = in.size();
     size_t i = 0;
-    while (i < n)
-    {
+    while (i < n) {
         const unsigned char b = static_cast<unsigned char>(in[i]);
         int extra;
         unsigned cp, min;
-        if (b < 0x80) { out += static_cast<char>(b); ++i; continue; }
-        else if ((b & 0xE0) == 0xC0) { extra = 1; cp = b & 0x1F; min = 0x80; }
-        else if ((b & 0xF0) == 0xE0) { extra = 2; cp = b & 0x0F; min = 0x800; }
-        else if ((b & 0xF8) == 0xF0) { extra = 3; cp = b & 0x07; min = 0x10000; }
-        else { out += '?'; ++i; continue; }
+        if (b < 0x80) {
+            out += static_cast<char>(b);
+            ++i;
+            continue;
+        } else if ((b & 0xE0) == 0xC0) {
+            extra = 1;
+            cp = b & 0x1F;
+            min = 0x80;
+        } else if ((b & 0xF0) == 0xE0) {
+            extra = 2;
+            cp = b & 0x0F;
+            min = 0x800;
+        } else if ((b & 0xF8) == 0xF0) {
+            extra = 3;
+            cp = b & 0x07;
+            min = 0x10000;
+        } else {
+            out += '?';
+            ++i;
+            continue;
+        }
 
         int k = 1;
-        for (; k <= extra && i + k < n; ++k)
-        {
+        for (; k <= extra && i + k < n; ++k) {
             const unsigned char c = static_cast<unsigned char>(in[i + k]);
             if ((c & 0xC0) != 0x80)
                 break;
             cp = cp << 6 | (c & 0x3F);
         }
-        if (k <= extra)
-        {
+        if (k <= extra) {
             // A sequence cut short: its lead byte alone is invalid.
             out += '?';
             ++i;
@@ -64,7 +77,6 @@ std::string Utf8ToCp1252(std::string_view in)
     return out;
 }
 
-
 size_t MemorySource::Read(BYTE* dst, size_t n)
 {
     const size_t count = std::min(n, m_size - m_pos);
@@ -76,8 +88,7 @@ size_t MemorySource::Read(BYTE* dst, size_t n)
 
 bool MemorySource::Skip(size_t n)
 {
-    if (n > m_size - m_pos)
-    {
+    if (n > m_size - m_pos) {
         m_pos = m_size;
         return false;
     }
@@ -109,13 +120,11 @@ bool ScanSegments(ByteSource& source, const std::function<bool(BYTE)>& want,
         return false;
 
     std::vector<BYTE> body;
-    for (;;)
-    {
+    for (;;) {
         BYTE b = 0;
         if (source.Read(&b, 1) != 1 || b != 0xFF)
             return true;
-        do
-        {
+        do {
             if (source.Read(&b, 1) != 1)
                 return true;
         } while (b == 0xFF);
@@ -134,8 +143,7 @@ bool ScanSegments(ByteSource& source, const std::function<bool(BYTE)>& want,
             return true;
         const size_t size = length - 2;
 
-        if (!want(marker))
-        {
+        if (!want(marker)) {
             if (!source.Skip(size))
                 return true;
             continue;
@@ -151,11 +159,9 @@ bool ScanSegments(ByteSource& source, const std::function<bool(BYTE)>& want,
 bool LooksLikeUtf8(std::string_view text)
 {
     bool multiByte = false;
-    for (size_t i = 0; i < text.size();)
-    {
+    for (size_t i = 0; i < text.size();) {
         const unsigned char b = static_cast<unsigned char>(text[i]);
-        if (b < 0x80)
-        {
+        if (b < 0x80) {
             ++i;
             continue;
         }

@@ -36,8 +36,7 @@ unsigned HashKey(const char* key, int length)
     const unsigned char* lower = Fold().lower;
     unsigned long long h = 0x9E3779B97F4A7C15ull ^ unsigned(length);
     int i = 0;
-    for (; i + 8 <= length; i += 8)
-    {
+    for (; i + 8 <= length; i += 8) {
         unsigned long long w = 0;
         for (int k = 0; k < 8; ++k)
             w |= (unsigned long long)lower[static_cast<unsigned char>(key[i + k])] << (8 * k);
@@ -132,8 +131,7 @@ public:
     {
         const size_t n = m_size + kFirst;
         const size_t chunk = size_t(std::bit_width(n)) - kFirstBits - 1;
-        if (chunk == m_chunks.size())
-        {
+        if (chunk == m_chunks.size()) {
             m_chunks.reserve(chunk + 1);
             m_chunks.push_back(static_cast<nList*>(CheckedMalloc(sizeof(nList) * (kFirst << chunk))));
         }
@@ -148,8 +146,7 @@ public:
     void forEach(F f) const
     {
         size_t left = m_size;
-        for (size_t k = 0; left; ++k)
-        {
+        for (size_t k = 0; left; ++k) {
             const size_t count = left < (kFirst << k) ? left : kFirst << k;
             for (size_t i = 0; i < count; ++i)
                 f(m_chunks[k][i]);
@@ -183,8 +180,7 @@ public:
 
     char* allocate(size_t need)
     {
-        if (need > m_left)
-        {
+        if (need > m_left) {
             const size_t block = need > kBlock / 2 ? need : kBlock;
             m_blocks.reserve(m_blocks.size() + 1);
             m_free = static_cast<char*>(CheckedMalloc(block));
@@ -242,8 +238,7 @@ struct CSettingsBase::Impl
         size_t size = slots.empty() ? 64 : slots.size();
         while (size < count * 2)
             size *= 2;
-        if (size != slots.size())
-        {
+        if (size != slots.size()) {
             slots.assign(size, 0);
             for (unsigned i = 0; i < records.size(); ++i)
                 place(i);
@@ -267,8 +262,7 @@ struct CSettingsBase::Impl
         if (slots.empty())
             return kNone;
         const size_t mask = slots.size() - 1;
-        for (size_t i = hash & mask;; i = (i + 1) & mask)
-        {
+        for (size_t i = hash & mask;; i = (i + 1) & mask) {
             const unsigned long long slot = slots[i];
             if (!slot)
                 return kNone;
@@ -341,8 +335,7 @@ nList* CSettingsBase::prepare(const char* key, int type, bool numeric)
         rec = m_impl->add(key, length, hash);
     else if (numeric && OwnsHeapValue(rec->type))
         AfxThrowInvalidArgException();
-    if (OwnsHeapValue(rec->type))
-    {
+    if (OwnsHeapValue(rec->type)) {
         ReleaseValue(*rec);
         rec->value = &rec->scalar;
     }
@@ -488,12 +481,9 @@ BOOL CSettingsBase::setBinary(const char* key, const BYTE* bytes, int count)
     if (count)
         std::memcpy(block + sizeof(DWORD), bytes, size_t(count));
     nList* rec;
-    try
-    {
+    try {
         rec = prepare(key, SETTINGS_BINARY, false);
-    }
-    catch (...)
-    {
+    } catch (...) {
         std::free(block);
         throw;
     }
@@ -518,8 +508,7 @@ nList* CSettingsBase::getVar(listtyp mode, bool withDeleted)
     else if (mode != LIST_NEXT)
         return nullptr;
     const RecordList& records = m_impl->records;
-    while (m_cursor < records.size())
-    {
+    while (m_cursor < records.size()) {
         nList& rec = records[m_cursor++];
         if (withDeleted || !rec.deleted)
             return &rec;
@@ -549,13 +538,11 @@ namespace {
 
 size_t ValueSize(const nList& rec)
 {
-    switch (rec.type)
-    {
+    switch (rec.type) {
     case SETTINGS_STRING:
     case SETTINGS_FILE:
         return std::strlen(static_cast<const char*>(rec.value)) + 1;
-    case SETTINGS_BINARY:
-    {
+    case SETTINGS_BINARY: {
         DWORD length;
         std::memcpy(&length, rec.value, sizeof length);
         return sizeof(DWORD) + length;
@@ -577,12 +564,11 @@ bool CSettingsBase::IsEqual(const CSettingsBase& other) const
     const RecordList& b = other.m_impl->records;
     if (a.size() != b.size())
         return false;
-    for (size_t i = 0; i < a.size(); ++i)
-    {
+    for (size_t i = 0; i < a.size(); ++i) {
         const nList& x = a[i];
         const nList& y = b[i];
-        if (x.keyLength != y.keyLength || std::memcmp(x.key, y.key, size_t(x.keyLength)) != 0 ||
-            x.type != y.type || x.deleted != y.deleted)
+        if (x.keyLength != y.keyLength || std::memcmp(x.key, y.key, size_t(x.keyLength)) != 0 || x.type != y.type ||
+            x.deleted != y.deleted)
             return false;
         const size_t size = ValueSize(x);
         if (size != ValueSize(y) || std::memcmp(x.value, y.value, size) != 0)
@@ -603,8 +589,7 @@ void CSettingsBase::Merge(const CSettingsBase& source)
     size_t next = 0;
     source.m_impl->records.forEach([&](const nList& from) {
         size_t index = Impl::kNone;
-        if (next < records.size())
-        {
+        if (next < records.size()) {
             const nList& guess = records[next];
             if (guess.hash == from.hash && guess.keyLength == from.keyLength &&
                 SameKey(guess.key, from.key, from.keyLength))
@@ -612,32 +597,25 @@ void CSettingsBase::Merge(const CSettingsBase& source)
         }
         if (index == Impl::kNone)
             index = m_impl->findIndex(from.key, from.keyLength, from.hash);
-        if (index == Impl::kNone)
-        {
+        if (index == Impl::kNone) {
             m_impl->add(from.key, from.keyLength, from.hash);
             index = records.size() - 1;
         }
         nList* rec = &records[index];
         next = index + 1;
-        if (OwnsHeapValue(from.type))
-        {
+        if (OwnsHeapValue(from.type)) {
             const size_t size = ValueSize(from);
-            if (OwnsHeapValue(rec->type) && ValueSize(*rec) >= size)
-            {
+            if (OwnsHeapValue(rec->type) && ValueSize(*rec) >= size) {
                 // The record's own buffer holds the new value: no allocation.
                 std::memcpy(rec->value, from.value, size);
-            }
-            else
-            {
+            } else {
                 void* copy = CheckedMalloc(size);
                 std::memcpy(copy, from.value, size);
                 ReleaseValue(*rec);
                 rec->value = copy;
                 rec->scalar.p = kValueOwnBlock;
             }
-        }
-        else
-        {
+        } else {
             ReleaseValue(*rec);
             rec->scalar = from.scalar;
             rec->value = &rec->scalar;

@@ -23,18 +23,16 @@ struct TypeName
 
 // The names the settings viewer shows, used in both file formats.
 constexpr TypeName kTypeNames[] = {
-    {SETTINGS_STRING, "String"}, {SETTINGS_BOOL, "Boolean"}, {SETTINGS_INT, "Integer"},
-    {SETTINGS_DOUBLE, "Double"}, {SETTINGS_BINARY, "Binary"}, {SETTINGS_FILE, "File"},
-    {SETTINGS_INTPTR, "IntPtr"},
+    {SETTINGS_STRING, "String"}, {SETTINGS_BOOL, "Boolean"}, {SETTINGS_INT, "Integer"},   {SETTINGS_DOUBLE, "Double"},
+    {SETTINGS_BINARY, "Binary"}, {SETTINGS_FILE, "File"},    {SETTINGS_INTPTR, "IntPtr"},
 };
 
 // Unicode code points of the bytes 0x80..0x9F of code page 1252; 0 where the
 // byte stands for the code point of its own value.
 constexpr unsigned short kCp1252High[32] = {
-    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
-    0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0,      0x017D, 0,
-    0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
-    0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178,
+    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178,
 };
 
 // Control bytes that XML 1.0 forbids travel as these private-use characters.
@@ -98,8 +96,7 @@ unsigned long long LoadWord(const char* p)
 const char* FindByte(const char* p, const char* end, char c)
 {
     const unsigned long long pattern = kOnes * static_cast<unsigned char>(c);
-    for (; end - p >= 8; p += 8)
-    {
+    for (; end - p >= 8; p += 8) {
         const unsigned long long w = LoadWord(p) ^ pattern;
         // The lowest marked byte is the first match; marks above it may be false.
         const unsigned long long zero = (w - kOnes) & ~w & kHighs;
@@ -124,8 +121,7 @@ size_t CountByte(const char* p, const char* end, char c)
     const unsigned long long pattern = kOnes * static_cast<unsigned char>(c);
     const unsigned long long lows = ~kHighs;
     size_t count = 0;
-    for (; end - p >= 8; p += 8)
-    {
+    for (; end - p >= 8; p += 8) {
         const unsigned long long w = LoadWord(p) ^ pattern;
         count += size_t(std::popcount(~(((w & lows) + lows) | w | lows)));
     }
@@ -144,8 +140,7 @@ std::string_view SectionName(const char* section)
 void AppendDouble(std::string& out, double d)
 {
     char buf[40];
-    if (d != d)
-    {
+    if (d != d) {
         unsigned long long bits;
         std::memcpy(&bits, &d, sizeof bits);
         out += "NaN:";
@@ -173,8 +168,7 @@ void AppendHexBytes(std::string& out, const nList& rec)
     const size_t at = out.size();
     out.resize(at + size_t(length) * 2);
     char* p = &out[at];
-    for (DWORD i = 0; i < length; ++i)
-    {
+    for (DWORD i = 0; i < length; ++i) {
         *p++ = kSettingsHexDigits[bytes[i] >> 4];
         *p++ = kSettingsHexDigits[bytes[i] & 15];
     }
@@ -191,11 +185,9 @@ bool ParseInteger(std::string_view text, T& v)
 
 bool ParseDouble(std::string_view text, double& d)
 {
-    if (text.size() == 20 && text.substr(0, 4) == "NaN:")
-    {
+    if (text.size() == 20 && text.substr(0, 4) == "NaN:") {
         unsigned long long bits = 0;
-        for (size_t i = 4; i < 20; ++i)
-        {
+        for (size_t i = 4; i < 20; ++i) {
             const int h = SettingsHexValue(text[i]);
             if (h < 0)
                 return false;
@@ -223,8 +215,7 @@ public:
             return false;
         long long number = 0;
         double real = 0;
-        switch (type)
-        {
+        switch (type) {
         case SETTINGS_STRING:
         case SETTINGS_FILE:
             if (FindByte(text, '\0') != std::string_view::npos)
@@ -236,8 +227,7 @@ public:
             else if (!(text == "0" || EqualNoCase(text, "FALSE")))
                 return false;
             break;
-        case SETTINGS_INT:
-        {
+        case SETTINGS_INT: {
             int v;
             if (!ParseInteger(text, v))
                 return false;
@@ -266,22 +256,17 @@ public:
         if (!rec)
             return false;
         rec->deleted = deleted ? 1 : 0;
-        if (type == SETTINGS_STRING || type == SETTINGS_FILE)
-        {
+        if (type == SETTINGS_STRING || type == SETTINGS_FILE) {
             char* copy = static_cast<char*>(SettingsReaderAccess::NewValue(m_target, rec, text.size() + 1));
             std::memcpy(copy, text.data(), text.size());
             copy[text.size()] = '\0';
-        }
-        else if (type == SETTINGS_BINARY)
-        {
+        } else if (type == SETTINGS_BINARY) {
             const DWORD length = DWORD(text.size() / 2);
             BYTE* block = static_cast<BYTE*>(SettingsReaderAccess::NewValue(m_target, rec, sizeof(DWORD) + length));
             std::memcpy(block, &length, sizeof length);
             for (DWORD i = 0; i < length; ++i)
-                block[sizeof(DWORD) + i] =
-                    BYTE(SettingsHexValue(text[2 * i]) * 16 + SettingsHexValue(text[2 * i + 1]));
-        }
-        else if (type == SETTINGS_DOUBLE)
+                block[sizeof(DWORD) + i] = BYTE(SettingsHexValue(text[2 * i]) * 16 + SettingsHexValue(text[2 * i + 1]));
+        } else if (type == SETTINGS_DOUBLE)
             rec->scalar.d = real;
         else if (type == SETTINGS_INTPTR)
             rec->scalar.p = INT_PTR(number);
@@ -312,8 +297,7 @@ enum IniPart
 
 void AppendIniEscaped(std::string& out, std::string_view text, IniPart part)
 {
-    for (size_t i = 0; i < text.size(); ++i)
-    {
+    for (size_t i = 0; i < text.size(); ++i) {
         const unsigned char c = static_cast<unsigned char>(text[i]);
         const bool edge = i == 0 || i + 1 == text.size();
         bool escape = c < 0x20 || c == 0x7F || c == '\\' || (c == ' ' && edge);
@@ -321,18 +305,24 @@ void AppendIniEscaped(std::string& out, std::string_view text, IniPart part)
             escape = escape || c == '=' || (i == 0 && (c == ';' || c == '#' || c == '['));
         else if (part == INI_SECTION)
             escape = escape || c == ']';
-        if (!escape)
-        {
+        if (!escape) {
             out += char(c);
             continue;
         }
         out += '\\';
-        switch (c)
-        {
-        case '\\': out += '\\'; break;
-        case '\n': out += 'n'; break;
-        case '\r': out += 'r'; break;
-        case '\t': out += 't'; break;
+        switch (c) {
+        case '\\':
+            out += '\\';
+            break;
+        case '\n':
+            out += 'n';
+            break;
+        case '\r':
+            out += 'r';
+            break;
+        case '\t':
+            out += 't';
+            break;
         default:
             out += 'x';
             out += kSettingsHexDigits[c >> 4];
@@ -345,19 +335,16 @@ void AppendIniEscaped(std::string& out, std::string_view text, IniPart part)
 // else scratch.
 bool IniUnescape(std::string_view text, std::string& scratch, std::string_view& result)
 {
-    if (FindByte(text, '\\') == std::string_view::npos)
-    {
+    if (FindByte(text, '\\') == std::string_view::npos) {
         result = text;
         return true;
     }
     std::string& out = scratch;
     out.clear();
     size_t i = 0;
-    while (i < text.size())
-    {
+    while (i < text.size()) {
         const size_t slash = FindByte(text, '\\', i);
-        if (slash == std::string_view::npos)
-        {
+        if (slash == std::string_view::npos) {
             out.append(text.data() + i, text.size() - i);
             break;
         }
@@ -366,14 +353,20 @@ bool IniUnescape(std::string_view text, std::string& scratch, std::string_view& 
             return false;
         const char e = text[slash + 1];
         i = slash + 2;
-        switch (e)
-        {
-        case '\\': out += '\\'; break;
-        case 'n': out += '\n'; break;
-        case 'r': out += '\r'; break;
-        case 't': out += '\t'; break;
-        case 'x':
-        {
+        switch (e) {
+        case '\\':
+            out += '\\';
+            break;
+        case 'n':
+            out += '\n';
+            break;
+        case 'r':
+            out += '\r';
+            break;
+        case 't':
+            out += '\t';
+            break;
+        case 'x': {
             if (slash + 3 >= text.size())
                 return false;
             const int hi = SettingsHexValue(text[slash + 2]);
@@ -399,8 +392,7 @@ void WriteIni(const CSettingsBase& store, std::string_view section, std::string&
     out += '[';
     AppendIniEscaped(out, section, INI_SECTION);
     out += "]\r\n";
-    for (int i = 0; i < store.GetCount(); ++i)
-    {
+    for (int i = 0; i < store.GetCount(); ++i) {
         const nList& rec = *store.GetAt(i);
         AppendIniEscaped(out, std::string_view(rec.key, size_t(rec.keyLength)), INI_KEY);
         out += '=';
@@ -437,8 +429,7 @@ bool ParseIni(const char* data, size_t length, std::string_view section, CSettin
     bool inSection = false;
     bool found = false;
     size_t pos = 0;
-    while (pos < length)
-    {
+    while (pos < length) {
         const char* eol = FindByte(data + pos, data + length, '\n');
         // A last line without a line end is a file cut off in the middle.
         if (eol == data + length)
@@ -450,10 +441,8 @@ bool ParseIni(const char* data, size_t length, std::string_view section, CSettin
         line = TrimBlanks(line);
         if (line.empty() || line[0] == ';' || line[0] == '#')
             continue;
-        if (line[0] == '[')
-        {
-            if (line.size() < 2 || line.back() != ']' ||
-                !IniUnescape(line.substr(1, line.size() - 2), keyScratch, key))
+        if (line[0] == '[') {
+            if (line.size() < 2 || line.back() != ']' || !IniUnescape(line.substr(1, line.size() - 2), keyScratch, key))
                 return false;
             sawSection = true;
             inSection = EqualNoCase(key, section);
@@ -474,8 +463,7 @@ bool ParseIni(const char* data, size_t length, std::string_view section, CSettin
         std::string_view typeText = rest.substr(0, colon);
         bool deleted = false;
         const size_t comma = FindByte(typeText, ',');
-        if (comma != std::string_view::npos)
-        {
+        if (comma != std::string_view::npos) {
             if (!EqualNoCase(TrimBlanks(typeText.substr(comma + 1)), "deleted"))
                 return false;
             deleted = true;
@@ -495,8 +483,7 @@ bool ParseIni(const char* data, size_t length, std::string_view section, CSettin
 void AppendXmlEscaped(std::string& out, std::string_view text, bool attribute)
 {
     size_t plain = 0;
-    for (size_t i = 0; i < text.size(); ++i)
-    {
+    for (size_t i = 0; i < text.size(); ++i) {
         const unsigned char c = static_cast<unsigned char>(text[i]);
         const char* named = nullptr;
         unsigned ref = 0;
@@ -518,8 +505,7 @@ void AppendXmlEscaped(std::string& out, std::string_view text, bool attribute)
             continue;
         out.append(text.data() + plain, i - plain);
         plain = i + 1;
-        if (named)
-        {
+        if (named) {
             out += named;
             continue;
         }
@@ -536,8 +522,7 @@ void WriteXml(const CSettingsBase& store, std::string_view section, std::string&
     AppendXmlEscaped(out, section, true);
     out += "\">\r\n";
     std::string value;
-    for (int i = 0; i < store.GetCount(); ++i)
-    {
+    for (int i = 0; i < store.GetCount(); ++i) {
         const nList& rec = *store.GetAt(i);
         out += "  <value key=\"";
         AppendXmlEscaped(out, std::string_view(rec.key, size_t(rec.keyLength)), true);
@@ -552,11 +537,9 @@ void WriteXml(const CSettingsBase& store, std::string_view section, std::string&
 
 void AppendValueText(std::string& out, const nList& rec, bool xml)
 {
-    switch (rec.type)
-    {
+    switch (rec.type) {
     case SETTINGS_STRING:
-    case SETTINGS_FILE:
-    {
+    case SETTINGS_FILE: {
         const char* text = static_cast<const char*>(rec.value);
         if (xml)
             AppendXmlEscaped(out, text, false);
@@ -597,12 +580,10 @@ public:
             return false;
         if (m_selfClosed)
             return false;
-        for (;;)
-        {
+        for (;;) {
             if (!Misc())
                 return false;
-            if (StartsWith("</"))
-            {
+            if (StartsWith("</")) {
                 m_p += 2;
                 if (Name() != "settings" || !CloseTag())
                     return false;
@@ -625,12 +606,10 @@ public:
 private:
     bool Section(bool wanted, RecordSink& sink)
     {
-        for (;;)
-        {
+        for (;;) {
             if (!Misc())
                 return false;
-            if (StartsWith("</"))
-            {
+            if (StartsWith("</")) {
                 m_p += 2;
                 return Name() == "section" && CloseTag();
             }
@@ -683,33 +662,27 @@ private:
     // White space, comments and processing instructions between elements.
     bool Misc()
     {
-        for (;;)
-        {
+        for (;;) {
             SkipSpace();
-            if (StartsWith("<!--"))
-            {
+            if (StartsWith("<!--")) {
                 m_p += 4;
                 if (!SkipPast("-->"))
                     return false;
-            }
-            else if (StartsWith("<?"))
-            {
+            } else if (StartsWith("<?")) {
                 // A second XML declaration, or one after white space, is refused.
                 if (StartsWith("<?xml") && m_end - m_p > 5 && (IsSpace(m_p[5]) || m_p[5] == '?'))
                     return false;
                 m_p += 2;
                 if (!SkipPast("?>"))
                     return false;
-            }
-            else
+            } else
                 return true;
         }
     }
 
     bool Prolog()
     {
-        if (StartsWith("<?xml") && m_end - m_p > 5 && IsSpace(m_p[5]))
-        {
+        if (StartsWith("<?xml") && m_end - m_p > 5 && IsSpace(m_p[5])) {
             m_p += 5;
             const char* close = m_p;
             const std::string_view rest(m_p, size_t(m_end - m_p));
@@ -720,8 +693,7 @@ private:
             const std::string_view decl(m_p, at);
             m_p = close + 2;
             const size_t enc = decl.find("encoding");
-            if (enc != std::string_view::npos)
-            {
+            if (enc != std::string_view::npos) {
                 std::string_view v = decl.substr(enc + 8);
                 v = TrimBlanks(v);
                 if (v.empty() || v[0] != '=')
@@ -766,20 +738,17 @@ private:
     bool Attributes()
     {
         m_hasName = m_hasKey = m_hasType = m_deleted = false;
-        for (;;)
-        {
+        for (;;) {
             const bool spaced = m_p < m_end && IsSpace(*m_p);
             SkipSpace();
             if (m_p >= m_end)
                 return false;
-            if (*m_p == '>')
-            {
+            if (*m_p == '>') {
                 ++m_p;
                 m_selfClosed = false;
                 return true;
             }
-            if (StartsWith("/>"))
-            {
+            if (StartsWith("/>")) {
                 m_p += 2;
                 m_selfClosed = true;
                 return true;
@@ -800,8 +769,7 @@ private:
                 into = &m_type, m_hasType = true;
             if (!AttributeValue(*into))
                 return false;
-            if (name == "deleted")
-            {
+            if (name == "deleted") {
                 if (m_scratch == "1" || m_scratch == "true")
                     m_deleted = true;
                 else if (m_scratch != "0" && m_scratch != "false")
@@ -816,25 +784,21 @@ private:
         if (m_p >= m_end || (*m_p != '"' && *m_p != '\''))
             return false;
         const char quote = *m_p++;
-        for (;;)
-        {
+        for (;;) {
             const char* start = m_p;
-            while (m_p < m_end && *m_p != quote && *m_p != '&' && *m_p != '<' &&
-                   static_cast<unsigned char>(*m_p) > ' ')
+            while (m_p < m_end && *m_p != quote && *m_p != '&' && *m_p != '<' && static_cast<unsigned char>(*m_p) > ' ')
                 ++m_p;
             out.append(start, size_t(m_p - start));
             if (m_p >= m_end)
                 return false;
             const char c = *m_p;
-            if (c == quote)
-            {
+            if (c == quote) {
                 ++m_p;
                 return true;
             }
             if (c == '<')
                 return false;
-            if (c == '&')
-            {
+            if (c == '&') {
                 if (!Reference(out))
                     return false;
                 continue;
@@ -849,56 +813,42 @@ private:
     // Element content up to and including "</".
     bool Content()
     {
-        for (;;)
-        {
+        for (;;) {
             const char* start = m_p;
             while (m_p < m_end && *m_p != '<' && *m_p != '&' && *m_p != '\r')
                 ++m_p;
             m_text.append(start, size_t(m_p - start));
             if (m_p >= m_end)
                 return false;
-            if (*m_p == '\r')
-            {
+            if (*m_p == '\r') {
                 ++m_p;
                 if (m_p < m_end && *m_p == '\n')
                     ++m_p;
                 m_text += '\n';
-            }
-            else if (*m_p == '&')
-            {
+            } else if (*m_p == '&') {
                 if (!Reference(m_text))
                     return false;
-            }
-            else if (StartsWith("</"))
-            {
+            } else if (StartsWith("</")) {
                 m_p += 2;
                 return true;
-            }
-            else if (StartsWith("<!--"))
-            {
+            } else if (StartsWith("<!--")) {
                 m_p += 4;
                 if (!SkipPast("-->"))
                     return false;
-            }
-            else if (StartsWith("<![CDATA["))
-            {
+            } else if (StartsWith("<![CDATA[")) {
                 m_p += 9;
                 const char* begin = m_p;
                 if (!SkipPast("]]>"))
                     return false;
-                for (const char* q = begin; q < m_p - 3; ++q)
-                {
-                    if (*q == '\r')
-                    {
+                for (const char* q = begin; q < m_p - 3; ++q) {
+                    if (*q == '\r') {
                         if (q + 1 < m_p - 3 && q[1] == '\n')
                             ++q;
                         m_text += '\n';
-                    }
-                    else
+                    } else
                         m_text += *q;
                 }
-            }
-            else
+            } else
                 return false;
         }
     }
@@ -907,20 +857,16 @@ private:
     {
         if (cp == 0)
             return false;
-        if (cp < 0x80 || (cp >= 0xA0 && cp <= 0xFF))
-        {
+        if (cp < 0x80 || (cp >= 0xA0 && cp <= 0xFF)) {
             byte = char(cp);
             return true;
         }
-        if (cp > kControlBase && cp < kControlBase + 0x20)
-        {
+        if (cp > kControlBase && cp < kControlBase + 0x20) {
             byte = char(cp - kControlBase);
             return true;
         }
-        for (unsigned i = 0; i < 32; ++i)
-        {
-            if ((kCp1252High[i] == 0 && cp == 0x80 + i) || (kCp1252High[i] && kCp1252High[i] == cp))
-            {
+        for (unsigned i = 0; i < 32; ++i) {
+            if ((kCp1252High[i] == 0 && cp == 0x80 + i) || (kCp1252High[i] && kCp1252High[i] == cp)) {
                 byte = char(0x80 + i);
                 return true;
             }
@@ -947,15 +893,13 @@ private:
             out += '"';
         else if (ref == "apos")
             out += '\'';
-        else if (ref.size() >= 2 && ref[0] == '#')
-        {
+        else if (ref.size() >= 2 && ref[0] == '#') {
             const bool hex = ref[1] == 'x';
             const std::string_view digits = ref.substr(hex ? 2 : 1);
             if (digits.empty() || digits.size() > 8)
                 return false;
             unsigned long cp = 0;
-            for (char c : digits)
-            {
+            for (char c : digits) {
                 const int d = hex ? SettingsHexValue(c) : (c >= '0' && c <= '9' ? c - '0' : -1);
                 if (d < 0)
                     return false;
@@ -965,8 +909,7 @@ private:
             if (!CodePointToByte(cp, byte))
                 return false;
             out += byte;
-        }
-        else
+        } else
             return false;
         return true;
     }
@@ -985,8 +928,7 @@ private:
     std::string m_text;
 };
 
-void WriteText(const CSettingsBase& store, SettingsFormat format, const char* section,
-               std::string& out)
+void WriteText(const CSettingsBase& store, SettingsFormat format, const char* section, std::string& out)
 {
     out.clear();
     out.reserve(size_t(store.GetCount()) * 64 + 256);
@@ -1005,8 +947,7 @@ bool ReadFile(const char* path, std::unique_ptr<char[]>& data, size_t& length)
     bool ok = std::fseek(f, 0, SEEK_END) == 0;
     const long size = ok ? std::ftell(f) : -1;
     ok = ok && size >= 0 && size < 0x7FFFFFFF && std::fseek(f, 0, SEEK_SET) == 0;
-    if (ok)
-    {
+    if (ok) {
         length = size_t(size);
         data.reset(new char[length ? length : 1]);
         ok = std::fread(data.get(), 1, length, f) == length;
@@ -1032,13 +973,12 @@ SettingsFormat SettingsFormatFromPath(const char* path)
     if (!path)
         return SETTINGS_FORMAT_INI;
     const size_t length = std::strlen(path);
-    return length >= 4 && EqualNoCase(std::string_view(path + length - 4, 4), ".xml")
-               ? SETTINGS_FORMAT_XML
-               : SETTINGS_FORMAT_INI;
+    return length >= 4 && EqualNoCase(std::string_view(path + length - 4, 4), ".xml") ? SETTINGS_FORMAT_XML
+                                                                                      : SETTINGS_FORMAT_INI;
 }
 
-BOOL ParseSettingsText(SettingsFormat format, const char* section, const char* data,
-                       size_t length, CSettingsBase& target)
+BOOL ParseSettingsText(SettingsFormat format, const char* section, const char* data, size_t length,
+                       CSettingsBase& target)
 {
     if (!data && length)
         return FALSE;
@@ -1065,8 +1005,7 @@ CString CSettings::ExportSettingsText(SettingsFormat format, const char* section
     return CString(out.data(), int(out.size()));
 }
 
-int CSettings::ImportSettingsText(SettingsFormat format, const char* section, const char* data,
-                                  int length)
+int CSettings::ImportSettingsText(SettingsFormat format, const char* section, const char* data, int length)
 {
     if (length < 0)
         return 0;
@@ -1086,8 +1025,7 @@ int CSettings::ExchangeSettings(int direction, const char* section, const char* 
         return 0;
     const SettingsFormat format = SettingsFormatFromPath(path);
     std::string text;
-    if (direction == 0)
-    {
+    if (direction == 0) {
         WriteText(*this, format, section, text);
         return WriteFile(path, text) ? 1 : 0;
     }

@@ -22,8 +22,7 @@ CString BinaryToStr(const BYTE* bytes, int count)
     if (!bytes || count <= 0)
         return text;
     char* out = text.GetBuffer(count * 3);
-    for (int i = 0; i < count; ++i)
-    {
+    for (int i = 0; i < count; ++i) {
         out[i * 3] = kSettingsHexDigits[bytes[i] >> 4];
         out[i * 3 + 1] = kSettingsHexDigits[bytes[i] & 15];
         out[i * 3 + 2] = ' ';
@@ -54,24 +53,21 @@ int StrToBinary(const char* text, unsigned char*& bytes)
         return 0;
     size_t count = 0;
     size_t i = 0;
-    for (;;)
-    {
+    for (;;) {
         while (i < length && IsBlank(text[i]))
             ++i;
         if (i == length)
             break;
         const int hi = SettingsHexValue(text[i]);
         const int lo = i + 1 < length ? SettingsHexValue(text[i + 1]) : -1;
-        if (hi < 0 || lo < 0 || count >= 0x7FFFFFFF)
-        {
+        if (hi < 0 || lo < 0 || count >= 0x7FFFFFFF) {
             std::free(out);
             return 0;
         }
         out[count++] = static_cast<unsigned char>(hi * 16 + lo);
         i += 2;
     }
-    if (!count)
-    {
+    if (!count) {
         std::free(out);
         return 0;
     }
@@ -89,8 +85,7 @@ int IsStringValueTrue(const char* text)
         ++begin;
     while (end > begin && IsBlank(text[end - 1]))
         --end;
-    for (const char* word : kTruthWords)
-    {
+    for (const char* word : kTruthWords) {
         const size_t n = std::strlen(word);
         if (n != end - begin)
             continue;

@@ -30,8 +30,7 @@ CString ShellExecuteErrorText(INT_PTR result)
 {
     if (result > 32)
         return CString();
-    for (const ShellError& e : kShellErrors)
-    {
+    for (const ShellError& e : kShellErrors) {
         if (e.code == result)
             return e.text;
     }

@@ -10,8 +10,7 @@ namespace {
 // A failed ShellExecuteExA's error as a ShellExecuteA result code.
 INT_PTR ShellResultFromError(DWORD error)
 {
-    switch (error)
-    {
+    switch (error) {
     case ERROR_NO_ASSOCIATION:
         return SE_ERR_NOASSOC;
     case ERROR_DDE_FAIL:
@@ -28,8 +27,7 @@ INT_PTR ShellResultFromError(DWORD error)
 // early when the application is told to quit.
 void WaitProcessingMessages(HANDLE process)
 {
-    for (;;)
-    {
+    for (;;) {
         const DWORD woken = MsgWaitForMultipleObjects(1, &process, FALSE, INFINITE, QS_ALLINPUT);
         if (woken != WAIT_OBJECT_0 + 1)
             return;
@@ -58,14 +56,13 @@ CString ReturnShellExecuteError(HINSTANCE result)
     return ShellExecuteErrorText(reinterpret_cast<INT_PTR>(result));
 }
 
-INT_PTR CallExternProgram(const char* program, const char* args, unsigned wait, unsigned show,
-                          const char* directory, CWnd* parent)
+INT_PTR CallExternProgram(const char* program, const char* args, unsigned wait, unsigned show, const char* directory,
+                          CWnd* parent)
 {
     if (program == nullptr || *program == '\0')
         return SE_ERR_FNF;
-    const CString folder = directory != nullptr && *directory != '\0'
-                               ? CString(directory)
-                               : CFileName(CString(program)).GetPath();
+    const CString folder =
+        directory != nullptr && *directory != '\0' ? CString(directory) : CFileName(CString(program)).GetPath();
 
     SHELLEXECUTEINFOA info = {};
     info.cbSize = sizeof info;
@@ -82,8 +79,7 @@ INT_PTR CallExternProgram(const char* program, const char* args, unsigned wait, 
     if (!started)
         return shellResult >= 1 && shellResult <= 32 ? shellResult : ShellResultFromError(GetLastError());
 
-    if (info.hProcess != nullptr)
-    {
+    if (info.hProcess != nullptr) {
         if (wait != 0)
             WaitProcessingMessages(info.hProcess);
         CloseHandle(info.hProcess);
@@ -109,15 +105,12 @@ BOOL ViewFileInformation(const char* path)
 BOOL CheckOtherTasks()
 {
     MSG msg;
-    while (PeekMessageA(&msg, nullptr, 0, 0, PM_REMOVE))
-    {
-        if (msg.message == WM_QUIT)
-        {
+    while (PeekMessageA(&msg, nullptr, 0, 0, PM_REMOVE)) {
+        if (msg.message == WM_QUIT) {
             PostQuitMessage(static_cast<int>(msg.wParam));
             return FALSE;
         }
-        if (!AfxPreTranslateMessage(&msg))
-        {
+        if (!AfxPreTranslateMessage(&msg)) {
             TranslateMessage(&msg);
             DispatchMessageA(&msg);
         }

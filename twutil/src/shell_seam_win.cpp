@@ -19,19 +19,14 @@ CString HtmlHelpControlPath()
     char value[MAX_PATH + 1] = {};
     DWORD size = MAX_PATH;
     DWORD type = 0;
-    if (RegQueryValueExA(opened, nullptr, nullptr, &type, reinterpret_cast<BYTE*>(value), &size) ==
-            ERROR_SUCCESS &&
-        (type == REG_SZ || type == REG_EXPAND_SZ) && value[0] != '\0')
-    {
-        if (type == REG_EXPAND_SZ)
-        {
+    if (RegQueryValueExA(opened, nullptr, nullptr, &type, reinterpret_cast<BYTE*>(value), &size) == ERROR_SUCCESS &&
+        (type == REG_SZ || type == REG_EXPAND_SZ) && value[0] != '\0') {
+        if (type == REG_EXPAND_SZ) {
             char expanded[MAX_PATH + 1] = {};
             const DWORD length = ExpandEnvironmentStringsA(value, expanded, MAX_PATH);
             if (length > 0 && length <= MAX_PATH)
                 path = expanded;
-        }
-        else
-        {
+        } else {
             path = value;
         }
     }
@@ -46,8 +41,8 @@ HtmlHelpFunction ResolveHtmlHelp()
     std::call_once(once, [] {
         HMODULE control = LoadLibraryA(HtmlHelpControlPath());
         if (control != nullptr)
-            function = reinterpret_cast<HtmlHelpFunction>(
-                reinterpret_cast<void*>(GetProcAddress(control, "HtmlHelpA")));
+            function =
+                reinterpret_cast<HtmlHelpFunction>(reinterpret_cast<void*>(GetProcAddress(control, "HtmlHelpA")));
     });
     return function;
 }
@@ -64,8 +59,7 @@ std::atomic<CShellSeam*> g_installed{nullptr};
 
 CShellSeam::~CShellSeam() = default;
 
-HINSTANCE CShellSeam::ShellExecuteA(HWND owner, LPCSTR verb, LPCSTR file, LPCSTR parameters,
-                                    LPCSTR directory, INT show)
+HINSTANCE CShellSeam::ShellExecuteA(HWND owner, LPCSTR verb, LPCSTR file, LPCSTR parameters, LPCSTR directory, INT show)
 {
     return ::ShellExecuteA(owner, verb, file, parameters, directory, show);
 }

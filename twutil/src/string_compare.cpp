@@ -66,7 +66,10 @@ constexpr std::array<BaseLetters, 256> kBase = MakeBaseTable();
 // Where a number sorts among the letters: at the digit characters.
 constexpr unsigned kNumberWeight = '0';
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
 
 // One element of a text: a letter (one base letter of a byte) or a number.
 struct Element
@@ -103,8 +106,7 @@ public:
             const char* firstSignificant = start;
             while (firstSignificant + 1 < m_text && *firstSignificant == '0')
                 ++firstSignificant;
-            e = {true, kNumberWeight, 0, firstSignificant, size_t(m_text - start),
-                 size_t(m_text - firstSignificant)};
+            e = {true, kNumberWeight, 0, firstSignificant, size_t(m_text - start), size_t(m_text - firstSignificant)};
             return true;
         }
         char c = *m_text++;
@@ -127,7 +129,10 @@ private:
     Element m_pendingElement{};
 };
 
-int Sign(long long v) { return v < 0 ? -1 : (v > 0 ? 1 : 0); }
+int Sign(long long v)
+{
+    return v < 0 ? -1 : (v > 0 ? 1 : 0);
+}
 
 }  // namespace
 
@@ -159,8 +164,7 @@ int CompareStringA(const char* a, const char* b, bool flag)
             if (const int d = std::memcmp(ea.digits, eb.digits, ea.significant))
                 return Sign(d);
             if (zeros == 0)
-                zeros = Sign(static_cast<long long>(ea.runLength) -
-                             static_cast<long long>(eb.runLength));
+                zeros = Sign(static_cast<long long>(ea.runLength) - static_cast<long long>(eb.runLength));
         } else if (accents == 0) {
             accents = Sign(static_cast<long long>(ea.source) - static_cast<long long>(eb.source));
         }

@@ -11,8 +11,14 @@
 
 namespace {
 
-bool IsBlank(char c) { return c == ' ' || c == '\t'; }
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsBlank(char c)
+{
+    return c == ' ' || c == '\t';
+}
+bool IsDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
 
 // Where a quote at p[i - 1] would close a field: the separator or the end
 // after optional blanks; -1 when something else follows.
@@ -174,10 +180,9 @@ CString ReplaceDecimalPoint(CString text)
         decimalAt = dots == 1 ? lastDot : lastComma;
 
     const lconv* conv = std::localeconv();
-    const char point =
-        conv != nullptr && conv->decimal_point != nullptr && conv->decimal_point[0] != '\0'
-            ? conv->decimal_point[0]
-            : '.';
+    const char point = conv != nullptr && conv->decimal_point != nullptr && conv->decimal_point[0] != '\0'
+                           ? conv->decimal_point[0]
+                           : '.';
     std::string number;
     for (int i = start; i < end; ++i) {
         if (i == decimalAt)
@@ -210,8 +215,7 @@ CString& EnsureNoTrailingChar(CString& text, char ch)
 
 BOOL isLink(const CString& text)
 {
-    static constexpr std::string_view kPrefixes[] = {"http://", "https://", "ftp://", "mailto:",
-                                                     "www."};
+    static constexpr std::string_view kPrefixes[] = {"http://", "https://", "ftp://", "mailto:", "www."};
     const char* p = text.GetString();
     int n = text.GetLength();
     while (n > 0 && IsBlank(*p)) {
@@ -255,8 +259,8 @@ CString ReplacePathVariables(const CString& path, PATH_VARIABLE_LOOKUP lookup, v
         const int closeAt = static_cast<int>(close - p);
         const CString name(p + i + 1, closeAt - i - 1);
         CString value;
-        if (lookup != nullptr && !name.IsEmpty() && name.FindOneOf("\\/") < 0 &&
-            name.Find('\0') < 0 && lookup(name, value, context)) {
+        if (lookup != nullptr && !name.IsEmpty() && name.FindOneOf("\\/") < 0 && name.Find('\0') < 0 &&
+            lookup(name, value, context)) {
             result += value;
             i = closeAt + 1;
         } else {

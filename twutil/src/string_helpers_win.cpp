@@ -27,8 +27,7 @@ CString ProgramDirectory()
 char DecimalOperatorOS()
 {
     char buffer[8] = {};
-    if (GetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, buffer, sizeof buffer) == 0 ||
-        buffer[0] == '\0')
+    if (GetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, buffer, sizeof buffer) == 0 || buffer[0] == '\0')
         return '.';
     return buffer[0];
 }
@@ -36,8 +35,7 @@ char DecimalOperatorOS()
 BOOL ReturnDocDir(CString& dir)
 {
     char buffer[MAX_PATH] = {};
-    if (FAILED(SHGetFolderPathA(nullptr, CSIDL_PERSONAL, nullptr, SHGFP_TYPE_CURRENT, buffer)) ||
-        buffer[0] == '\0') {
+    if (FAILED(SHGetFolderPathA(nullptr, CSIDL_PERSONAL, nullptr, SHGFP_TYPE_CURRENT, buffer)) || buffer[0] == '\0') {
         dir.Empty();
         return FALSE;
     }

@@ -7,8 +7,7 @@ CTwException::CTwException() = default;
 
 CTwException::~CTwException() = default;
 
-CString CTwException::FormatException(CException* exception, const char* text, const char* file,
-                                      int line)
+CString CTwException::FormatException(CException* exception, const char* text, const char* file, int line)
 {
     CString shown;
     auto addBlock = [&shown](const CString& block) {
@@ -20,24 +19,18 @@ CString CTwException::FormatException(CException* exception, const char* text, c
     if (text != nullptr && *text != '\0')
         addBlock(text);
 
-    if (exception != nullptr)
-    {
+    if (exception != nullptr) {
         char message[2048] = {};
-        if (exception->GetErrorMessage(message, sizeof message) && message[0] != '\0')
-        {
+        if (exception->GetErrorMessage(message, sizeof message) && message[0] != '\0') {
             addBlock(message);
-        }
-        else
-        {
+        } else {
             CString none;
-            none.Format("Ausnahme ohne Beschreibung (%s).",
-                        exception->GetRuntimeClass()->m_lpszClassName);
+            none.Format("Ausnahme ohne Beschreibung (%s).", exception->GetRuntimeClass()->m_lpszClassName);
             addBlock(none);
         }
     }
 
-    if (file != nullptr && *file != '\0')
-    {
+    if (file != nullptr && *file != '\0') {
         const CFileName name{CString(file)};
         CString source = "Quelle: " + name.GetNameExt();
         if (line > 0)
