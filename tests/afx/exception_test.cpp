@@ -78,14 +78,6 @@ TEST(Exceptions, DerivedPointerTypeIsCaughtDirectly)
     EXPECT_EQ(pCaught->m_lOsError, 5);
     EXPECT_STREQ(static_cast<LPCTSTR>(pCaught->m_strFileName), "f.txt");
     pCaught->Delete();
-
-    CMemoryException* pMemory = nullptr;
-    try {
-        AfxThrowMemoryException();
-    } catch (CMemoryException* e) {
-        pMemory = e;
-    }
-    EXPECT_NE(pMemory, nullptr);
 }
 
 TEST(Exceptions, StaticExceptionsAreSharedAndNotDeleted)
@@ -153,6 +145,8 @@ TEST(Exceptions, GetErrorMessageTruncatesIntoTheBuffer)
     EXPECT_EQ(nHelp, 0u);
 }
 
+// The archive exceptions are made on the heap: a message that Delete does
+// not free shows under the leak checker of the native build.
 TEST(Exceptions, MessagesNameTheFileOrAnUnnamedFile)
 {
     struct
@@ -165,12 +159,14 @@ TEST(Exceptions, MessagesNameTheFileOrAnUnnamedFile)
         {CArchiveException::writeOnly, nullptr, "Tried to read from an unnamed file while it was being written."},
         {CArchiveException::badSchema, "s.dat", "s.dat contains an incorrect schema."},
         {CArchiveException::badClass, "s.dat", "s.dat contained an unexpected object."},
+        {CArchiveException::badIndex, "x.bin", "x.bin has a bad format."},
         {CArchiveException::genericException, "s.dat", "Unexpected file format."},
         {1234, "s.dat", "Unexpected file format."},
     };
     for (auto& c : archive) {
-        CArchiveException e(c.cause, c.file);
-        EXPECT_EQ(MessageOf(&e), c.message) << c.cause;
+        CException* e = new CArchiveException(c.cause, c.file);
+        EXPECT_EQ(MessageOf(e), c.message) << c.cause;
+        e->Delete();
     }
 
     struct
@@ -188,14 +184,6 @@ TEST(Exceptions, MessagesNameTheFileOrAnUnnamedFile)
         CFileException e(c.cause, -1, c.file);
         EXPECT_EQ(MessageOf(&e), c.message) << c.cause;
     }
-}
-
-TEST(Exceptions, MessagesOfHeapExceptionsAreFreedByDelete)
-{
-    // A leak here shows under the leak checker of the native build.
-    CException* e = new CArchiveException(CArchiveException::badIndex, "x.bin");
-    EXPECT_EQ(MessageOf(e), "x.bin has a bad format.");
-    e->Delete();
 }
 
 TEST(Exceptions, OsErrorsMapToCauses)
