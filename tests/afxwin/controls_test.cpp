@@ -65,51 +65,57 @@ protected:
     CControlParent parent;
 };
 
-std::vector<std::string> ListBoxTexts(const CListBox& box)
+// The list box and the combo box share their item calls but for the text's.
+void ItemText(const CListBox& box, int i, CString& text)
+{
+    box.GetText(i, text);
+}
+void ItemText(const CComboBox& box, int i, CString& text)
+{
+    box.GetLBText(i, text);
+}
+BOOL CreateBox(CListBox& box, CWnd* parent)
+{
+    return box.Create(WS_CHILD | WS_VISIBLE | WS_VSCROLL | LBS_NOTIFY, CRect(10, 10, 200, 200), parent, kListId);
+}
+BOOL CreateBox(CComboBox& box, CWnd* parent)
+{
+    return box.Create(WS_CHILD | WS_VISIBLE | CBS_DROPDOWNLIST, CRect(10, 10, 200, 200), parent, kComboId);
+}
+
+template <class Box>
+std::vector<std::string> Texts(const Box& box)
 {
     std::vector<std::string> texts;
     for (int i = 0; i < box.GetCount(); ++i) {
         CString text;
-        box.GetText(i, text);
+        ItemText(box, i, text);
         texts.emplace_back(static_cast<LPCTSTR>(text));
     }
     return texts;
 }
 
-std::vector<std::string> ComboTexts(const CComboBox& box)
-{
-    std::vector<std::string> texts;
-    for (int i = 0; i < box.GetCount(); ++i) {
-        CString text;
-        box.GetLBText(i, text);
-        texts.emplace_back(static_cast<LPCTSTR>(text));
-    }
-    return texts;
-}
+template <class Box>
+class ItemBoxTest : public ControlsTest
+{};
+using ItemBoxes = ::testing::Types<CListBox, CComboBox>;
+TYPED_TEST_SUITE(ItemBoxTest, ItemBoxes);
 
-TEST_F(ControlsTest, ListBoxFillsSelectsAndFindsItsItems)
+static_assert(LB_ERR == CB_ERR);
+
+// The wrappers whose arguments are packed or unpacked on the way: texts
+// into a CString, data pointers, the search messages' start index.
+TYPED_TEST(ItemBoxTest, FillsFindsSelectsAndDeletesItsItems)
 {
-    CListBox box;
-    ASSERT_TRUE(box.Create(WS_CHILD | WS_VISIBLE | WS_VSCROLL | LBS_NOTIFY, CRect(10, 10, 200, 200), &parent, kListId));
-    EXPECT_EQ(box.AddString("Birne"), 0);
-    EXPECT_EQ(box.AddString("Apfel"), 1);
-    EXPECT_EQ(box.InsertString(0, "\xC4"
-                                  "pfelchen"),
-              0);
+    TypeParam box;
+    ASSERT_TRUE(CreateBox(box, &this->parent));
+    box.AddString("Birne");
+    box.AddString("Apfel");
+    EXPECT_EQ(box.InsertString(0, "\xC4pfelchen"), 0);
     EXPECT_EQ(box.InsertString(-1, "Banane"), 3);
-    EXPECT_EQ(ListBoxTexts(box), (std::vector<std::string>{"\xC4"
-                                                           "pfelchen",
-                                                           "Birne", "Apfel", "Banane"}));
-    EXPECT_EQ(box.GetTextLen(1), 5);
-    char buffer[16] = {};
-    EXPECT_EQ(box.GetText(2, buffer), 5);
-    EXPECT_STREQ(buffer, "Apfel");
-
-    ASSERT_NE(box.SetItemData(1, 0xB1), LB_ERR);
-    EXPECT_EQ(box.GetItemData(1), 0xB1u);
+    EXPECT_EQ(Texts(box), (std::vector<std::string>{"\xC4pfelchen", "Birne", "Apfel", "Banane"}));
     int payload = 7;
     box.SetItemDataPtr(2, &payload);
-    EXPECT_EQ(box.GetItemDataPtr(2), &payload);
 
     struct
     {
@@ -120,6 +126,7 @@ TEST_F(ControlsTest, ListBoxFillsSelectsAndFindsItsItems)
     } finds[] = {
         {-1, "b", 1, LB_ERR},  // prefix, case ignored
         {1, "B", 3, LB_ERR},   // after the start
+        {3, "b", 1, LB_ERR},   // wraps round
         {-1, "apfel", 2, 2},   // exact, case ignored
         {-1, "Kirsche", LB_ERR, LB_ERR},
     };
@@ -127,33 +134,22 @@ TEST_F(ControlsTest, ListBoxFillsSelectsAndFindsItsItems)
         EXPECT_EQ(box.FindString(f.start, f.text), f.prefix) << f.text;
         EXPECT_EQ(box.FindStringExact(f.start, f.text), f.exact) << f.text;
     }
-
-    EXPECT_EQ(box.GetCurSel(), LB_ERR);
-    EXPECT_EQ(box.SetCurSel(3), 3);
-    EXPECT_EQ(box.GetCurSel(), 3);
     EXPECT_EQ(box.SelectString(-1, "bir"), 1);
     EXPECT_EQ(box.GetCurSel(), 1);
-    EXPECT_EQ(box.SelectString(-1, "Kirsche"), LB_ERR);
-    EXPECT_EQ(box.GetCurSel(), 1);
-
+    // No selection answers the error value although nothing failed.
+    EXPECT_EQ(box.SetCurSel(-1), LB_ERR);
     EXPECT_EQ(box.DeleteString(0), 3);
-    EXPECT_EQ(ListBoxTexts(box), (std::vector<std::string>{"Birne", "Apfel", "Banane"}));
-    EXPECT_EQ(box.GetItemData(0), 0xB1u);
-    box.ResetContent();
-    EXPECT_EQ(box.GetCount(), 0);
-    EXPECT_EQ(box.DeleteString(0), LB_ERR);
+    EXPECT_EQ(box.GetItemDataPtr(1), &payload);
 }
 
-TEST_F(ControlsTest, SortedMultipleSelectionListBoxReportsItsSelectedItems)
+// LB_SETSEL takes the flag first and the index second.
+TEST_F(ControlsTest, MultipleSelectionListBoxReportsItsSelectedItems)
 {
     CListBox box;
-    ASSERT_TRUE(
-        box.Create(WS_CHILD | WS_VISIBLE | LBS_SORT | LBS_EXTENDEDSEL, CRect(10, 10, 200, 200), &parent, kListId));
-    for (const char* text : {"Dora", "Anna", "Carl", "Bert", "Emil"})
+    ASSERT_TRUE(box.Create(WS_CHILD | WS_VISIBLE | LBS_EXTENDEDSEL, CRect(10, 10, 200, 200), &parent, kListId));
+    for (const char* text : {"Anna", "Bert", "Carl", "Dora", "Emil"})
         box.AddString(text);
-    EXPECT_EQ(ListBoxTexts(box), (std::vector<std::string>{"Anna", "Bert", "Carl", "Dora", "Emil"}));
 
-    EXPECT_EQ(box.GetSelCount(), 0);
     box.SetSel(1);
     box.SetSel(3);
     box.SetSel(4);
@@ -173,55 +169,14 @@ TEST_F(ControlsTest, SortedMultipleSelectionListBoxReportsItsSelectedItems)
     EXPECT_EQ(box.GetSelCount(), 0);
 }
 
-TEST_F(ControlsTest, ComboBoxFillsSelectsAndFindsItsItems)
-{
-    CComboBox box;
-    ASSERT_TRUE(box.Create(WS_CHILD | WS_VISIBLE | CBS_DROPDOWNLIST, CRect(10, 10, 200, 200), &parent, kComboId));
-    for (const char* text : {"Montag", "Dienstag", "Mittwoch"})
-        box.AddString(text);
-    EXPECT_EQ(box.InsertString(1, "Sonntag"), 1);
-    EXPECT_EQ(ComboTexts(box), (std::vector<std::string>{"Montag", "Sonntag", "Dienstag", "Mittwoch"}));
-    EXPECT_EQ(box.GetLBTextLen(2), 8);
-    char buffer[16] = {};
-    EXPECT_EQ(box.GetLBText(3, buffer), 8);
-    EXPECT_STREQ(buffer, "Mittwoch");
-
-    box.SetItemData(2, 42);
-    EXPECT_EQ(box.GetItemData(2), 42u);
-    EXPECT_EQ(box.FindString(-1, "mi"), 3);
-    EXPECT_EQ(box.FindString(-1, "Mo"), 0);
-    EXPECT_EQ(box.FindString(0, "Mo"), 0);  // the search wraps round
-    EXPECT_EQ(box.FindStringExact(-1, "sonntag"), 1);
-    EXPECT_EQ(box.FindStringExact(-1, "Sonn"), CB_ERR);
-
-    EXPECT_EQ(box.GetCurSel(), CB_ERR);
-    EXPECT_EQ(box.SetCurSel(2), 2);
-    EXPECT_EQ(box.GetCurSel(), 2);
-    CString shown;
-    box.GetWindowText(shown);
-    EXPECT_STREQ(shown, "Dienstag");
-    EXPECT_EQ(box.SelectString(-1, "Mit"), 3);
-    EXPECT_EQ(box.GetCurSel(), 3);
-    EXPECT_EQ(box.SetCurSel(-1), CB_ERR);
-    EXPECT_EQ(box.GetCurSel(), CB_ERR);
-
-    EXPECT_EQ(box.DeleteString(0), 3);
-    EXPECT_EQ(box.GetItemData(1), 42u);
-    box.ResetContent();
-    EXPECT_EQ(box.GetCount(), 0);
-}
-
-TEST_F(ControlsTest, ScrollBarKeepsItsRangeAndPositionAndReachesTheParentsHandler)
+// A control's own scroll bar reaches the parent's handler as its object, the
+// window's scroll bar as NULL.
+TEST_F(ControlsTest, ScrollBarLimitAndTheParentsHandler)
 {
     CScrollBar bar;
     ASSERT_TRUE(bar.Create(WS_CHILD | WS_VISIBLE | SBS_HORZ, CRect(10, 250, 300, 270), &parent, kScrollId));
     bar.SetScrollRange(0, 50);
-    int low = -1, high = -1;
-    bar.GetScrollRange(&low, &high);
-    EXPECT_EQ(low, 0);
-    EXPECT_EQ(high, 50);
-    EXPECT_EQ(bar.SetScrollPos(20), 0);
-    EXPECT_EQ(bar.GetScrollPos(), 20);
+    bar.SetScrollPos(20);
     SCROLLINFO info = {};
     info.fMask = SIF_PAGE;
     info.nPage = 11;
@@ -236,27 +191,21 @@ TEST_F(ControlsTest, ScrollBarKeepsItsRangeAndPositionAndReachesTheParentsHandle
     EXPECT_EQ(parent.scrollCodes, (std::vector<UINT>{SB_LINERIGHT, SB_TOP}));
 }
 
-TEST_F(ControlsTest, ProgressBarAndTabControlKeepTheirState)
+TEST_F(ControlsTest, ProgressRangeAndTabTextsPassThroughTheirStructures)
 {
     CProgressCtrl progress;
     ASSERT_TRUE(progress.Create(WS_CHILD | WS_VISIBLE, CRect(10, 10, 300, 30), &parent, kControlId));
-    progress.SetRange32(0, 1000);
+    progress.SetRange32(-5, 1000);
     int low = -1, high = -1;
     progress.GetRange(low, high);
-    EXPECT_EQ(low, 0);
+    EXPECT_EQ(low, -5);
     EXPECT_EQ(high, 1000);
-    EXPECT_EQ(progress.SetPos(300), 0);
-    progress.SetStep(50);
-    EXPECT_EQ(progress.StepIt(), 300);
-    EXPECT_EQ(progress.OffsetPos(-100), 350);
-    EXPECT_EQ(progress.GetPos(), 250);
 
     CTabCtrl tabs;
     ASSERT_TRUE(tabs.Create(WS_CHILD | WS_VISIBLE, CRect(10, 40, 400, 300), &parent, kControlId + 1));
     EXPECT_EQ(tabs.InsertItem(0, "Allgemein"), 0);
     EXPECT_EQ(tabs.InsertItem(1, "Erweitert"), 1);
     EXPECT_EQ(tabs.InsertItem(1, "Farben"), 1);
-    EXPECT_EQ(tabs.GetItemCount(), 3);
     char text[32] = {};
     TCITEM item = {};
     item.mask = TCIF_TEXT;
@@ -264,57 +213,20 @@ TEST_F(ControlsTest, ProgressBarAndTabControlKeepTheirState)
     item.cchTextMax = sizeof text;
     ASSERT_TRUE(tabs.GetItem(2, &item));
     EXPECT_STREQ(text, "Erweitert");
-    EXPECT_EQ(tabs.GetCurSel(), 0);
-    EXPECT_EQ(tabs.SetCurSel(2), 0);
-    EXPECT_EQ(tabs.GetCurSel(), 2);
-    CRect first, second;
-    ASSERT_TRUE(tabs.GetItemRect(0, &first));
-    ASSERT_TRUE(tabs.GetItemRect(1, &second));
-    EXPECT_GT(first.Width(), 0);
-    EXPECT_EQ(second.left, first.right);
-    EXPECT_TRUE(tabs.DeleteAllItems());
-    EXPECT_EQ(tabs.GetItemCount(), 0);
-    EXPECT_EQ(tabs.GetCurSel(), -1);
 }
 
-TEST_F(ControlsTest, ImageListAddsDrawsAndKeepsItsHandleMap)
+TEST_F(ControlsTest, ImageListKeepsItsHandleMap)
 {
     CImageList images;
     ASSERT_TRUE(images.Create(16, 16, ILC_COLOR24, 2, 2));
     EXPECT_EQ(CImageList::FromHandlePermanent(images.m_hImageList), &images);
     EXPECT_EQ(CImageList::FromHandle(images.m_hImageList), &images);
 
-    CDC screen;
-    screen.Attach(::GetDC(nullptr));
-    CBitmap red, blue;
-    ASSERT_TRUE(red.CreateCompatibleBitmap(&screen, 32, 16));
-    ASSERT_TRUE(blue.CreateCompatibleBitmap(&screen, 16, 16));
-    CDC mem;
-    ASSERT_TRUE(mem.CreateCompatibleDC(&screen));
-    CBitmap* old = mem.SelectObject(&red);
-    mem.FillSolidRect(0, 0, 32, 16, RGB(255, 0, 0));
-    mem.SelectObject(&blue);
-    mem.FillSolidRect(0, 0, 16, 16, RGB(0, 0, 255));
-    mem.SelectObject(old);
-    // A strip of two images, then one more.
-    EXPECT_EQ(images.Add(&red, static_cast<CBitmap*>(nullptr)), 0);
-    EXPECT_EQ(images.Add(&blue, static_cast<CBitmap*>(nullptr)), 2);
-    EXPECT_EQ(images.GetImageCount(), 3);
-
-    CBitmap canvas;
-    ASSERT_TRUE(canvas.CreateCompatibleBitmap(&screen, 48, 16));
-    old = mem.SelectObject(&canvas);
-    mem.FillSolidRect(0, 0, 48, 16, RGB(255, 255, 255));
-    for (int i = 0; i < 3; ++i)
-        EXPECT_TRUE(images.Draw(&mem, 2 - i, CPoint(16 * i, 0), ILD_NORMAL));
-    EXPECT_EQ(mem.GetPixel(8, 8), RGB(0, 0, 255));
-    EXPECT_EQ(mem.GetPixel(24, 8), RGB(255, 0, 0));
-    EXPECT_EQ(mem.GetPixel(40, 8), RGB(255, 0, 0));
-    mem.SelectObject(old);
-    ::ReleaseDC(nullptr, screen.Detach());
-    AfxDeleteTempMap();
-
-    EXPECT_TRUE(images.Remove(0));
+    CClientDC screen(nullptr);
+    CBitmap strip;
+    ASSERT_TRUE(strip.CreateCompatibleBitmap(&screen, 32, 16));
+    // A strip of two images.
+    EXPECT_EQ(images.Add(&strip, static_cast<CBitmap*>(nullptr)), 0);
     EXPECT_EQ(images.GetImageCount(), 2);
 
     const HIMAGELIST hList = images.Detach();
@@ -328,6 +240,7 @@ TEST_F(ControlsTest, ImageListAddsDrawsAndKeepsItsHandleMap)
     EXPECT_EQ(AfxGetTempObjectCount(), 0);
     CImageList again;
     ASSERT_TRUE(again.Attach(hList));
+    EXPECT_FALSE(again.Attach(hList)) << "an object holds one list";
     EXPECT_EQ(again.GetImageCount(), 2);
     EXPECT_TRUE(again.DeleteImageList());
     EXPECT_EQ(again.m_hImageList, nullptr);
@@ -384,17 +297,18 @@ protected:
 
 TEST_F(ListCtrlTest, ColumnsItemsAndTextsReadBack)
 {
-    EXPECT_EQ(list.GetItemCount(), 4);
     EXPECT_EQ(ColumnTexts(list, 0), (std::vector<std::string>{"M\xFCller", "Schmidt", "Wei\xDF", "Fischer"}));
     EXPECT_EQ(ColumnTexts(list, 1), (std::vector<std::string>{"K\xF6ln", "Berlin", "M\xFCnchen", "Hamburg"}));
     char buffer[16] = {};
     EXPECT_EQ(list.GetItemText(2, 1, buffer, sizeof buffer), 7);
     EXPECT_STREQ(buffer, "M\xFCnchen");
+    // The CString form grows its buffer until the whole text fits.
     const std::string longText(700, 'x');
     list.SetItemText(3, 2, longText.c_str());
     EXPECT_EQ(std::string(static_cast<LPCTSTR>(list.GetItemText(3, 2))), longText);
     EXPECT_EQ(list.GetItemData(2), 40u);
 
+    // InsertColumn's heading, width and format reach the header.
     CHeaderCtrl* header = list.GetHeaderCtrl();
     ASSERT_NE(header, nullptr);
     EXPECT_EQ(header->GetItemCount(), 3);
@@ -407,29 +321,9 @@ TEST_F(ListCtrlTest, ColumnsItemsAndTextsReadBack)
     EXPECT_STREQ(text, "Alter");
     EXPECT_EQ(item.cxy, 60);
     EXPECT_EQ(item.fmt & HDF_JUSTIFYMASK, HDF_RIGHT);
-    item.mask = HDI_TEXT;
-    item.pszText = const_cast<char*>("Jahre");
-    ASSERT_TRUE(header->SetItem(2, &item));
-    char columnText[32] = {};
-    LVCOLUMN column = {};
-    column.mask = LVCF_TEXT;
-    column.pszText = columnText;
-    column.cchTextMax = sizeof columnText;
-    ASSERT_TRUE(list.GetColumn(2, &column));
-    EXPECT_STREQ(columnText, "Jahre");
-
-    EXPECT_EQ(list.GetColumnWidth(1), 100);
-    ASSERT_TRUE(list.SetColumnWidth(1, 150));
-    EXPECT_EQ(list.GetColumnWidth(1), 150);
-    ASSERT_TRUE(list.DeleteColumn(1));
-    EXPECT_EQ(header->GetItemCount(), 2);
-    EXPECT_EQ(ColumnTexts(list, 1), (std::vector<std::string>{"41", "35", "58", std::string(longText)}));
 
     ASSERT_TRUE(list.DeleteItem(0));
     EXPECT_EQ(ColumnTexts(list, 0), (std::vector<std::string>{"Schmidt", "Wei\xDF", "Fischer"}));
-    EXPECT_TRUE(list.EnsureVisible(2, FALSE));
-    ASSERT_TRUE(list.DeleteAllItems());
-    EXPECT_EQ(list.GetItemCount(), 0);
 }
 
 TEST_F(ListCtrlTest, SelectionIsSetAndWalked)
@@ -442,10 +336,6 @@ TEST_F(ListCtrlTest, SelectionIsSetAndWalked)
     ASSERT_TRUE(list.SetItemState(3, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED));
     EXPECT_EQ(list.GetSelectedCount(), 2u);
     EXPECT_EQ(list.GetItemState(3, LVIS_SELECTED | LVIS_FOCUSED), static_cast<UINT>(LVIS_SELECTED | LVIS_FOCUSED));
-    EXPECT_EQ(list.GetItemState(2, LVIS_SELECTED), 0u);
-    EXPECT_EQ(list.GetNextItem(-1, LVNI_SELECTED), 1);
-    EXPECT_EQ(list.GetNextItem(1, LVNI_SELECTED), 3);
-    EXPECT_EQ(list.GetNextItem(3, LVNI_SELECTED), -1);
     EXPECT_EQ(list.GetNextItem(-1, LVNI_FOCUSED), 3);
 
     std::vector<int> walked;
@@ -498,13 +388,8 @@ TEST_F(ListCtrlTest, OwnerDrawnHeaderItemsReachTheHeadersObject)
     header.UnsubclassWindow();
 }
 
-TEST_F(ListCtrlTest, ExtendedStyleAndImageListsAreKept)
+TEST_F(ListCtrlTest, ImageListComesBackAsItsObject)
 {
-    const DWORD before = list.GetExtendedStyle();
-    EXPECT_EQ(before & LVS_EX_FULLROWSELECT, 0u);
-    EXPECT_EQ(list.SetExtendedStyle(before | LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES), before);
-    EXPECT_EQ(list.GetExtendedStyle(), before | LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES);
-
     CImageList small;
     ASSERT_TRUE(small.Create(16, 16, ILC_COLOR24, 1, 1));
     EXPECT_EQ(list.GetImageList(LVSIL_SMALL), nullptr);
