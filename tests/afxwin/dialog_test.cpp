@@ -35,13 +35,8 @@ public:
     explicit CEventDialog(CWnd* pParent = nullptr) : CDialog(IDD_TEST_EVENTS, pParent) {}
 
     Events events;
-    struct KeySeen
-    {
-        UINT vk;
-        bool ctrl;
-        bool shift;
-    };
-    std::vector<KeySeen> keys;
+    // Keys as "[ctrl+][shift+]<virtual key>".
+    Events keys;
     int endFromInit = 0;
     int editChanges = 0;
     bool exchangeEdit = false;
@@ -58,8 +53,10 @@ public:
 
     BOOL PreTranslateMessage(MSG* pMsg) override
     {
-        if (pMsg->message == WM_KEYDOWN)
-            keys.push_back({static_cast<UINT>(pMsg->wParam), GetKeyState(VK_CONTROL) < 0, GetKeyState(VK_SHIFT) < 0});
+        if (pMsg->message == WM_KEYDOWN) {
+            keys.push_back(std::string(GetKeyState(VK_CONTROL) < 0 ? "ctrl+" : "") +
+                           (GetKeyState(VK_SHIFT) < 0 ? "shift+" : "") + std::to_string(pMsg->wParam));
+        }
         return CDialog::PreTranslateMessage(pMsg);
     }
 
@@ -109,21 +106,6 @@ BEGIN_MESSAGE_MAP(CEventDialog, CDialog)
     ON_EN_CHANGE(IDC_EV_EDIT, OnEditChange)
 END_MESSAGE_MAP()
 
-TEST_F(DialogTest, CreateMessagesReachTheMapBeforeOnInitDialog)
-{
-    CEventDialog dlg;
-    DialogDriver driver;
-    driver.OnDialog([](DialogHandle& d) { d.Click(IDOK); });
-
-    EXPECT_EQ(dlg.DoModal(), IDOK);
-
-    const Events expected = {"WM_NCCREATE", "WM_CREATE", "OnInitDialog", "OnOK", "WM_DESTROY"};
-    EXPECT_EQ(dlg.events, expected);
-    EXPECT_EQ(driver.Ran(), 1);
-    EXPECT_EQ(driver.LeftOpen(), 0);
-    EXPECT_EQ(dlg.m_hWnd, nullptr);
-}
-
 TEST_F(DialogTest, PreTranslateMessageSeesEveryKeyBeforeTheDialogManager)
 {
     CEventDialog dlg;
@@ -137,18 +119,7 @@ TEST_F(DialogTest, PreTranslateMessageSeesEveryKeyBeforeTheDialogManager)
 
     EXPECT_EQ(dlg.DoModal(), IDOK);
 
-    struct Expected
-    {
-        UINT vk;
-        bool ctrl;
-        bool shift;
-    } expected[] = {{VK_F1, false, false}, {VK_F1, false, true}, {'C', true, false}, {VK_RETURN, false, false}};
-    ASSERT_EQ(dlg.keys.size(), std::size(expected));
-    for (std::size_t i = 0; i < std::size(expected); ++i) {
-        EXPECT_EQ(dlg.keys[i].vk, expected[i].vk) << i;
-        EXPECT_EQ(dlg.keys[i].ctrl, expected[i].ctrl) << i;
-        EXPECT_EQ(dlg.keys[i].shift, expected[i].shift) << i;
-    }
+    EXPECT_EQ(dlg.keys, (Events{"112", "shift+112", "ctrl+67", "13"}));
     // Enter went on to the dialog manager, which pressed the default button.
     EXPECT_EQ(dlg.events.back(), "WM_DESTROY");
     EXPECT_EQ(dlg.events[dlg.events.size() - 2], "OnOK");
@@ -180,7 +151,11 @@ TEST_F(DialogTest, ButtonClicksRouteToTheDialogsHandlers)
     });
 
     EXPECT_EQ(dlg.DoModal(), IDCANCEL);
+    EXPECT_EQ(driver.Ran(), 1);
+    EXPECT_EQ(driver.LeftOpen(), 0);
+    EXPECT_EQ(dlg.m_hWnd, nullptr);
 
+    // The creation messages reach the map before OnInitDialog.
     const Events expected = {"WM_NCCREATE",
                              "WM_CREATE",
                              "OnInitDialog",
@@ -274,7 +249,6 @@ TEST_F(DialogTest, ModelessDialogCreatesInitialisesAndDestroys)
     ASSERT_TRUE(dlg.Create(IDD_TEST_EVENTS));
     EXPECT_EQ(CWnd::FromHandlePermanent(dlg.m_hWnd), &dlg);
     EXPECT_FALSE(dlg.IsWindowVisible());
-    EXPECT_EQ(dlg.GetDefID(), MAKELONG(IDOK, DC_HASDEFID));
 
     dlg.SetDlgItemText(IDC_EV_EDIT, "geändert");
     EXPECT_EQ(dlg.editChanges, 1);

@@ -65,11 +65,6 @@ void DialogHandle::SetCheck(int id, int state)
     ::SendMessageA(Item(id), BM_SETCHECK, static_cast<WPARAM>(state), 0);
 }
 
-bool DialogHandle::IsEnabled(int id) const
-{
-    return ::IsWindowEnabled(Item(id)) != FALSE;
-}
-
 HWND DialogHandle::Focus() const
 {
     return ::GetFocus();

@@ -46,7 +46,6 @@ public:
     void SetText(int id, const char* text);
     int Check(int id) const;
     void SetCheck(int id, int state);
-    bool IsEnabled(int id) const;
     // The control that has the keyboard focus, or NULL.
     HWND Focus() const;
     // Clicks a button as the user does (BM_CLICK) and waits for the result.
@@ -89,8 +88,6 @@ public:
 
     // Scripts that ran.
     int Ran() const { return m_ran; }
-    // Scripts still waiting for their dialog.
-    int Pending() const { return static_cast<int>(m_scripts.size()); }
     // Dialogs a script left open, which the driver then cancelled.
     int LeftOpen() const { return m_leftOpen; }
     // Whether the watchdog had to cancel a dialog.
