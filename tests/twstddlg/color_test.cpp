@@ -3,8 +3,6 @@
 #include "values/string_arrays.h"
 #include "values/symbol.h"
 
-#include "afxfile.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -364,30 +362,6 @@ TEST(CColorArray, UnknownNameHasNoColourLikeADefaultColour)
     EXPECT_EQ(a.GetRGB("rot"), 0x000000FFu);
     EXPECT_EQ(a.GetRGB("rot "), 0xFFFFFFFFu);
     EXPECT_EQ(CColor().GetRGB(), 0xFFFFFFFFu);
-}
-
-// Deliberately no colour-specific element serialisation: colours persist by
-// name and value in the settings, an archive keeps only raw images.
-TEST(CColorArray, ArchiveKeepsTheCountButNotTheNames)
-{
-    CColorArray a;
-    a.Add(MakeColor("Rot", 0x000000FF, 1));
-    a.Add(MakeColor("Blau", 0x00FF0000, 2));
-    CMemFile file;
-    {
-        CArchive ar(&file, CArchive::store);
-        a.Serialize(ar);
-    }
-    EXPECT_EQ(file.GetLength(), 2u + 2u * sizeof(CColor)) << "count word and raw images";
-    file.SeekToBegin();
-    CColorArray b;
-    b.Add(MakeColor("alt", 0));
-    {
-        CArchive ar(&file, CArchive::load);
-        b.Serialize(ar);
-    }
-    EXPECT_EQ(Names(b), (std::vector<std::string>{"", ""}));
-    EXPECT_EQ(b[1].GetRGB(), TW_NO_COLOR);
 }
 
 // ---- the rules every array of named values shares ---------------------------
