@@ -376,7 +376,7 @@ TYPED_TEST_SUITE(NamedArrayUnique, UniqueArrays);
 TYPED_TEST(NamedArrayUnique, AddRefusesANameThatIsThereIgnoringCaseAndKeepsTheFirst)
 {
     using Ops = Named<TypeParam>;
-    // Upper case in code page 1252: Ü folds to ü; ß has no capital of its own.
+    // Case folds in code page 1252: Ü and ü are one letter; ß has no capital of its own.
     struct
     {
         const char* name;
