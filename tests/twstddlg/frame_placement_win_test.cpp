@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 using namespace frametest;
 
@@ -114,97 +115,67 @@ int ScreenHeight()
 
 }  // namespace
 
-TEST(PlacementShell, NormalWindowRoundTrip)
+TEST(PlacementShell, WriteStoresTheNormalRectangleAndTheStateBits)
 {
-    StoredValues stored("FrameNormal");
+    struct
     {
+        const char* what;
+        std::vector<int> shows;
+        int flags;
+    } cases[] = {
+        {"normal", {SW_SHOWNORMAL}, 0},
+        {"maximised", {SW_SHOWMAXIMIZED}, 16},
+        {"minimised", {SW_SHOWNORMAL, SW_MINIMIZE}, 1},
+        {"minimised from maximised", {SW_SHOWMAXIMIZED, SW_MINIMIZE}, 17},
+    };
+    for (const auto& c : cases) {
+        StoredValues stored("FrameWrite");
         FrameWindow wnd;
         wnd.SetNormal({120, 80, 640, 410});
-        wnd.ShowWindow(SW_SHOWNORMAL);
+        for (int show : c.shows)
+            wnd.ShowWindow(show);
         WriteDlgPositionSize(&wnd, stored.Prefix());
+        EXPECT_EQ(stored.Get("DlgX"), 120) << c.what;
+        EXPECT_EQ(stored.Get("DlgY"), 80) << c.what;
+        EXPECT_EQ(stored.Get("DlgW"), 520) << c.what;
+        EXPECT_EQ(stored.Get("DlgH"), 330) << c.what;
+        EXPECT_EQ(stored.Get("DlgF"), c.flags) << c.what;
     }
-    EXPECT_EQ(stored.Get("DlgX"), 120);
-    EXPECT_EQ(stored.Get("DlgY"), 80);
-    EXPECT_EQ(stored.Get("DlgW"), 520);
-    EXPECT_EQ(stored.Get("DlgH"), 330);
-    EXPECT_EQ(stored.Get("DlgF"), 0);
-
-    FrameWindow again(10, 10, 200, 150);
-    ReadDlgPositionSize(&again, stored.Prefix());
-    const WINDOWPLACEMENT wp = again.Placement();
-    EXPECT_EQ(wp.showCmd, static_cast<UINT>(SW_SHOWNORMAL));
-    EXPECT_TRUE(SameRect(wp.rcNormalPosition, {120, 80, 640, 410}));
-    EXPECT_TRUE(SameRect(again.WindowRect(), {120, 80, 640, 410}));
-    EXPECT_TRUE(again.IsWindowVisible());
 }
 
-TEST(PlacementShell, MaximisedWindowStoresItsNormalRectangle)
+TEST(PlacementShell, ReadShowsTheStoredRectangleNormalOrMaximised)
 {
-    StoredValues stored("FrameMax");
-    {
-        FrameWindow wnd;
-        wnd.SetNormal({150, 100, 550, 400});
-        wnd.ShowWindow(SW_SHOWMAXIMIZED);
-        ASSERT_TRUE(wnd.IsZoomed());
-        WriteDlgPositionSize(&wnd, stored.Prefix());
+    for (int flags : {0, 16}) {
+        StoredValues stored("FrameRead");
+        stored.Set(120, 80, 520, 330, flags);
+        FrameWindow wnd(10, 10, 200, 150);
+        ReadDlgPositionSize(&wnd, stored.Prefix());
+        EXPECT_TRUE(wnd.IsWindowVisible()) << flags;
+        EXPECT_FALSE(wnd.IsIconic()) << flags;
+        EXPECT_EQ(wnd.IsZoomed() != FALSE, flags == 16);
+        EXPECT_TRUE(SameRect(wnd.Placement().rcNormalPosition, {120, 80, 640, 410})) << flags;
+        wnd.ShowWindow(SW_RESTORE);
+        EXPECT_TRUE(SameRect(wnd.WindowRect(), {120, 80, 640, 410})) << flags;
     }
-    EXPECT_EQ(stored.Get("DlgX"), 150);
-    EXPECT_EQ(stored.Get("DlgY"), 100);
-    EXPECT_EQ(stored.Get("DlgW"), 400);
-    EXPECT_EQ(stored.Get("DlgH"), 300);
-    EXPECT_EQ(stored.Get("DlgF"), 16);
-
-    FrameWindow again(10, 10, 200, 150);
-    ReadDlgPositionSize(&again, stored.Prefix());
-    EXPECT_TRUE(again.IsZoomed());
-    EXPECT_TRUE(SameRect(again.Placement().rcNormalPosition, {150, 100, 550, 400}));
-    again.ShowWindow(SW_RESTORE);
-    EXPECT_FALSE(again.IsZoomed());
-    EXPECT_TRUE(SameRect(again.WindowRect(), {150, 100, 550, 400}));
 }
 
-TEST(PlacementShell, MinimisedFromMaximisedComesBackMinimisedToBeRestoredMaximised)
+TEST(PlacementShell, ReadOf17ShowsMinimisedWithoutActivationToBeRestoredMaximised)
 {
     StoredValues stored("FrameMinMax");
-    {
-        FrameWindow wnd;
-        wnd.SetNormal({200, 120, 700, 520});
-        wnd.ShowWindow(SW_SHOWMAXIMIZED);
-        wnd.ShowWindow(SW_MINIMIZE);
-        ASSERT_TRUE(wnd.IsIconic());
-        WriteDlgPositionSize(&wnd, stored.Prefix());
-    }
-    EXPECT_EQ(stored.Get("DlgF"), 17);
-    EXPECT_EQ(stored.Get("DlgX"), 200);
-    EXPECT_EQ(stored.Get("DlgW"), 500);
-
+    stored.Set(200, 120, 500, 400, 17);
     FrameWindow other(10, 10, 100, 100);
     other.ShowWindow(SW_SHOWNORMAL);
     other.SetActiveWindow();
 
-    FrameWindow again(10, 10, 200, 150);
-    ReadDlgPositionSize(&again, stored.Prefix());
-    EXPECT_TRUE(again.IsIconic());
-    // Shown minimised without taking the activation.
-    EXPECT_NE(::GetActiveWindow(), again.m_hWnd);
-    const WINDOWPLACEMENT wp = again.Placement();
+    FrameWindow wnd(10, 10, 200, 150);
+    ReadDlgPositionSize(&wnd, stored.Prefix());
+    EXPECT_TRUE(wnd.IsIconic());
+    EXPECT_NE(::GetActiveWindow(), wnd.m_hWnd);
+    const WINDOWPLACEMENT wp = wnd.Placement();
     EXPECT_EQ(wp.flags & WPF_RESTORETOMAXIMIZED, static_cast<UINT>(WPF_RESTORETOMAXIMIZED));
     EXPECT_TRUE(SameRect(wp.rcNormalPosition, {200, 120, 700, 520}));
-    again.ShowWindow(SW_RESTORE);
-    EXPECT_TRUE(again.IsZoomed());
-}
-
-TEST(PlacementShell, MinimisedFromNormalStoresOnlyTheMinimisedBit)
-{
-    StoredValues stored("FrameMin");
-    FrameWindow wnd;
-    wnd.SetNormal({60, 70, 460, 370});
-    wnd.ShowWindow(SW_SHOWNORMAL);
-    wnd.ShowWindow(SW_MINIMIZE);
-    ASSERT_TRUE(wnd.IsIconic());
-    WriteDlgPositionSize(&wnd, stored.Prefix());
-    EXPECT_EQ(stored.Get("DlgF"), 1);
-    EXPECT_EQ(stored.Get("DlgX"), 60);
+    wnd.ShowWindow(SW_RESTORE);
+    EXPECT_TRUE(wnd.IsZoomed());
 }
 
 TEST(PlacementShell, FullReaderCorrectsOnlyOnTheScreenAndNeverWrites)
@@ -219,12 +190,7 @@ TEST(PlacementShell, FullReaderCorrectsOnlyOnTheScreenAndNeverWrites)
     } cases[] = {
         {"inside", 100, 50, 400, 300, {100, 50, 500, 350}},
         {"x beyond the edge", sw + 3000, 50, 400, 300, {0, 50, 400, 350}},
-        {"y beyond the edge", 100, sh + 1, 400, 300, {100, 0, 500, 300}},
-        {"negative x kept", -100, 50, 600, 300, {-100, 50, 500, 350}},
-        {"right below 50 spans the width", -30, 50, 20, 300, {0, 50, sw, 350}},
         {"bottom below 50 spans the height", 100, -60, 400, 100, {100, 0, 500, sh}},
-        {"too wide is clipped", 100, 50, 3000 + sw, 300, {100, 50, sw, 350}},
-        {"too high is clipped", 100, 50, 400, 3000 + sh, {100, 50, 500, sh}},
     };
     for (const auto& c : cases) {
         StoredValues stored("FrameEdges");
@@ -285,10 +251,10 @@ TEST(PositionShell, OffScreenValuesBecome0AndAreStoredAs0)
         int x, y;
         int expectedX, expectedY;
     } cases[] = {
-        {"inside", 100, 200, 100, 200},     {"x beyond", 5000, 200, 0, 200},
-        {"x on the edge", sw, 200, 0, 200}, {"x just inside", sw - 1, 200, sw - 1, 200},
-        {"x negative", -30, 200, 0, 200},   {"y on the edge", 100, sh, 100, 0},
-        {"y negative", 100, -1, 100, 0},    {"both", -5, sh + 5, 0, 0},
+        {"inside", 100, 200, 100, 200},
+        {"x on the edge", sw, 200, 0, 200},
+        {"x just inside", sw - 1, 200, sw - 1, 200},
+        {"both off", -5, sh, 0, 0},
     };
     for (const auto& c : cases) {
         StoredValues stored("FramePosEdges");

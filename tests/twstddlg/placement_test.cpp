@@ -111,21 +111,6 @@ TEST(PlacementRead, StoredFlagsGiveShowStateAndPlacementFlags)
     }
 }
 
-TEST(PlacementRead, RoundTripOfAnOnScreenWindowKeepsItsRectangle)
-{
-    Placement original;
-    original.showCmd = kShowMinimized;
-    original.flags = kPlaceRestoreToMaximized;
-    original.normal = {100, 120, 900, 700};
-    const Placement back = PlacementFromStored(StoredFromPlacement(original), kScreenW, kScreenH, 0, 0);
-    EXPECT_EQ(back.showCmd, kShowMinNoActive);
-    EXPECT_EQ(back.flags, kPlaceRestoreToMaximized);
-    EXPECT_EQ(back.normal.left, 100);
-    EXPECT_EQ(back.normal.top, 120);
-    EXPECT_EQ(back.normal.right, 900);
-    EXPECT_EQ(back.normal.bottom, 700);
-}
-
 TEST(PositionRead, RejectsNegativeAndEdgeValuesAndRepairsThem)
 {
     struct

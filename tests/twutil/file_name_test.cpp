@@ -110,30 +110,20 @@ TEST(FileName, SettingAgainReplacesEveryPart)
 
 TEST(FileName, PictureExtensionsWithAndWithoutOtherFormats)
 {
-    struct
-    {
-        const char* path;
-        BOOL shown;
-        BOOL all;
-    } cases[] = {
-        {"a.jpg", TRUE, TRUE},       {"a.JPEG", TRUE, TRUE},   {"a.Jpe", TRUE, TRUE},
-        {"a.jfif", TRUE, TRUE},      {"a.bmp", TRUE, TRUE},    {"a.dib", TRUE, TRUE},
-        {"a.gif", TRUE, TRUE},       {"a.png", TRUE, TRUE},    {"a.ico", TRUE, TRUE},
-        {"a.wmf", TRUE, TRUE},       {"a.emf", TRUE, TRUE},    {"a.tif", FALSE, TRUE},
-        {"a.TIFF", FALSE, TRUE},     {"a.webp", FALSE, TRUE},  {"a.heic", FALSE, TRUE},
-        {"a.nef", FALSE, TRUE},      {"a.CR2", FALSE, TRUE},   {"a.dng", FALSE, TRUE},
-        {"a.psd", FALSE, TRUE},      {"a.svg", FALSE, TRUE},   {"a.txt", FALSE, FALSE},
-        {"a.jpg.txt", FALSE, FALSE}, {"jpg", FALSE, FALSE},    {"a.", FALSE, FALSE},
-        {"a.jp", FALSE, FALSE},      {"a.jpgx", FALSE, FALSE}, {"C:\\bilder.jpg\\x", FALSE, FALSE},
-        {"a.mp4", FALSE, FALSE},
-    };
-    for (auto& c : cases) {
-        const CFileName f{CString(c.path)};
-        EXPECT_EQ(f.IsPicture(0), c.shown) << c.path;
-        EXPECT_EQ(f.IsPicture(), c.shown) << c.path;
-        EXPECT_EQ(f.IsPicture(1), c.all) << c.path;
-        EXPECT_EQ(f.IsPicture(-5), c.all) << c.path;
+    const char* shown[] = {"a.jpg", "a.JPEG", "a.Jpe", "a.jfif", "a.bmp", "a.dib",
+                           "a.gif", "a.png",  "a.ico", "a.wmf",  "a.emf"};
+    const char* others[] = {"a.tif", "a.TIFF", "a.webp", "a.heic", "a.nef", "a.CR2", "a.dng", "a.psd", "a.svg"};
+    const char* none[] = {"a.txt", "a.jpg.txt", "jpg", "a.", "a.jp", "a.jpgx", "C:\\bilder.jpg\\x", "a.mp4"};
+    for (const char* path : shown) {
+        EXPECT_TRUE(CFileName(path).IsPicture(0)) << path;
+        EXPECT_TRUE(CFileName(path).IsPicture(1)) << path;
     }
+    for (const char* path : others) {
+        EXPECT_FALSE(CFileName(path).IsPicture(0)) << path;
+        EXPECT_TRUE(CFileName(path).IsPicture(-5)) << path << ": any non-zero value asks for all formats";
+    }
+    for (const char* path : none)
+        EXPECT_FALSE(CFileName(path).IsPicture(1)) << path;
 }
 
 TEST(FileName, MovieExtensions)
@@ -153,57 +143,32 @@ TEST(FileName, MovieExtensions)
 
 TEST(FileName, WebPagesByAddressOrExtension)
 {
-    struct
-    {
-        const char* path;
-        BOOL web;
-    } cases[] = {
-        {"C:\\seiten\\index.html", TRUE},
-        {"index.HTM", TRUE},
-        {"a.shtml", TRUE},
-        {"a.xhtml", TRUE},
-        {"a.mht", TRUE},
-        {"a.php", TRUE},
-        {"a.aspx", TRUE},
-        {"Favorit.url", TRUE},
-        {"http://www.example.de", TRUE},
-        {"https://example.de/bild.jpg", TRUE},
-        {"www.example.de", TRUE},
-        {"ftp://host/datei.zip", TRUE},
-        {"mailto:anna@example.de", TRUE},
-        {"  http://host/page.php?x=1", TRUE},
-        {"file://C:/a.txt", FALSE},
-        {"C:\\a\\html", FALSE},
-        {"a.htmlx", FALSE},
-        {"a.txt", FALSE},
-        {"", FALSE},
-    };
-    for (auto& c : cases)
-        EXPECT_EQ(CFileName(c.path).IsWebPage(), c.web) << c.path;
+    const char* pages[] = {"C:\\seiten\\index.html",
+                           "index.HTM",
+                           "a.shtml",
+                           "a.xhtml",
+                           "a.mht",
+                           "a.php",
+                           "a.aspx",
+                           "Favorit.url",
+                           "http://www.example.de",
+                           "https://example.de/bild.jpg",
+                           "www.example.de",
+                           "ftp://host/datei.zip",
+                           "mailto:anna@example.de",
+                           "  http://host/page.php?x=1"};
+    for (const char* path : pages)
+        EXPECT_TRUE(CFileName(path).IsWebPage()) << path;
+    for (const char* path : {"file://C:/a.txt", "C:\\a\\html", "a.htmlx", "a.txt", ""})
+        EXPECT_FALSE(CFileName(path).IsWebPage()) << path;
 }
 
 TEST(FileName, ProgramsAreExeComBatCmdPifAndScr)
 {
-    struct
-    {
-        const char* path;
-        BOOL program;
-    } cases[] = {
-        {"C:\\Programme\\Tw\\twdemo.exe", TRUE},
-        {"a.EXE", TRUE},
-        {"a.com", TRUE},
-        {"a.bat", TRUE},
-        {"a.cmd", TRUE},
-        {"a.pif", TRUE},
-        {"a.scr", TRUE},
-        {"a.lnk", FALSE},
-        {"a.msi", FALSE},
-        {"a.dll", FALSE},
-        {"exe", FALSE},
-        {"a.exe.txt", FALSE},
-    };
-    for (auto& c : cases)
-        EXPECT_EQ(CFileName(c.path).IsExecutable(), c.program) << c.path;
+    for (const char* path : {"C:\\Programme\\Tw\\twdemo.exe", "a.EXE", "a.com", "a.bat", "a.cmd", "a.pif", "a.scr"})
+        EXPECT_TRUE(CFileName(path).IsExecutable()) << path;
+    for (const char* path : {"a.lnk", "a.msi", "a.dll", "exe", "a.exe.txt"})
+        EXPECT_FALSE(CFileName(path).IsExecutable()) << path;
 }
 
 TEST(FileName, ShortenedPathKeepsDriveAndTheLastFoldersThatFit)
@@ -214,13 +179,10 @@ TEST(FileName, ShortenedPathKeepsDriveAndTheLastFoldersThatFit)
         int max;
         const char* shown;
     } cases[] = {
-        {60, "C:\\Users\\anna\\Bilder\\Urlaub 2023\\Strand.jpg"},
         {43, "C:\\Users\\anna\\Bilder\\Urlaub 2023\\Strand.jpg"},
         {42, "C:\\...\\anna\\Bilder\\Urlaub 2023\\Strand.jpg"},
-        {40, "C:\\...\\Bilder\\Urlaub 2023\\Strand.jpg"},
         {36, "C:\\...\\Bilder\\Urlaub 2023\\Strand.jpg"},
         {35, "C:\\...\\Urlaub 2023\\Strand.jpg"},
-        {34, "C:\\...\\Urlaub 2023\\Strand.jpg"},
         {29, "C:\\...\\Urlaub 2023\\Strand.jpg"},
         {28, "C:\\...\\Strand.jpg"},
         {17, "C:\\...\\Strand.jpg"},
@@ -230,7 +192,6 @@ TEST(FileName, ShortenedPathKeepsDriveAndTheLastFoldersThatFit)
         {10, "Strand.jpg"},
         {9, "Str...jpg"},
         {8, "St...jpg"},
-        {3, "St...jpg"},
         {0, "St...jpg"},
         {-100, "St...jpg"},
     };
@@ -293,32 +254,6 @@ TEST(FileOperationTarget, FolderTargetsGetTheSourceName)
             << (c.source ? c.source : "(null)") << " -> " << (c.target ? c.target : "(null)");
 }
 
-TEST(Hyperlink, HoldsItsTextThroughCopiesAndAssignments)
-{
-    CHyperlink empty;
-    EXPECT_TRUE(empty.IsEmpty());
-    EXPECT_STREQ(static_cast<const char*>(empty), "");
-    CHyperlink null(nullptr);
-    EXPECT_TRUE(null.IsEmpty());
-
-    CHyperlink link("http://www.example.de");
-    EXPECT_FALSE(link.IsEmpty());
-    EXPECT_STREQ(link, "http://www.example.de");
-
-    CHyperlink copy(link);
-    EXPECT_STREQ(copy, "http://www.example.de");
-    copy = "mailto:anna@example.de";
-    EXPECT_STREQ(copy, "mailto:anna@example.de");
-    EXPECT_STREQ(link, "http://www.example.de") << "the copy is independent";
-
-    link = copy;
-    EXPECT_STREQ(link, "mailto:anna@example.de");
-    link = link;
-    EXPECT_STREQ(link, "mailto:anna@example.de");
-    link = static_cast<const char*>(nullptr);
-    EXPECT_TRUE(link.IsEmpty());
-}
-
 TEST(Hyperlink, TargetIsTrimmedAndWwwAddressesGetAScheme)
 {
     struct
@@ -333,10 +268,13 @@ TEST(Hyperlink, TargetIsTrimmedAndWwwAddressesGetAScheme)
         {"C:\\Hilfe\\index.html", "C:\\Hilfe\\index.html"},
         {"www", "www"},
         {"   ", ""},
-        {"", ""},
+        {nullptr, ""},
     };
     for (auto& c : cases)
-        EXPECT_STREQ(CHyperlink(c.link).GetTarget(), c.target) << c.link;
+        EXPECT_STREQ(CHyperlink(c.link).GetTarget(), c.target) << (c.link ? c.link : "(null)");
+    CHyperlink link("www.example.de");
+    link = static_cast<const char*>(nullptr);
+    EXPECT_TRUE(link.IsEmpty());
 }
 
 TEST(ShellErrorText, GermanSentencePerShellCode)
@@ -360,10 +298,8 @@ TEST(ShellErrorText, GermanSentencePerShellCode)
         {31, "Diesem Dateityp ist kein Programm zugeordnet."},
         {32, "Eine benötigte Programmbibliothek (DLL) wurde nicht gefunden."},
         {1, "Unbekannter Fehler (Code 1)."},
-        {12, "Unbekannter Fehler (Code 12)."},
         {-7, "Unbekannter Fehler (Code -7)."},
         {33, ""},
-        {42, ""},
     };
     for (auto& c : cases)
         EXPECT_STREQ(ShellExecuteErrorText(c.code), c.text) << c.code;
@@ -387,11 +323,4 @@ TEST(TwException, TextShowsExplanationMessageAndSource)
     CUserException user;  // has no message of its own
     EXPECT_STREQ(CTwException::FormatException(&user, "Text", nullptr, 0),
                  "Text\n\nAusnahme ohne Beschreibung (CUserException).");
-}
-
-TEST(TwException, IsAnObjectOfTheFramework)
-{
-    CTwException viewer;
-    EXPECT_TRUE(viewer.IsKindOf(RUNTIME_CLASS(CObject)));
-    EXPECT_STREQ(viewer.GetRuntimeClass()->m_lpszClassName, "CTwException");
 }

@@ -80,9 +80,6 @@ TEST(DllLoader, DerivedClassesReadNameAndHandleDirectly)
         PluginFrontEnd plugin;
         EXPECT_TRUE(plugin.HasPlugin());
         EXPECT_STREQ(plugin.Name(), kModule);
-        EXPECT_TRUE(plugin.IsKindOf(RUNTIME_CLASS(CDllLoader)));
-        EXPECT_TRUE(plugin.IsKindOf(RUNTIME_CLASS(CObject)));
-        EXPECT_STREQ(plugin.GetRuntimeClass()->m_lpszClassName, "CDllLoader");
     }
     EXPECT_EQ(GetModuleHandleA(kModule), nullptr) << "the base class frees it";
 }

@@ -246,7 +246,7 @@ TEST(SettingsStore, GetVarWalksInInsertionOrder)
     EXPECT_EQ(empty.getVar(LIST_FIRST, true), nullptr);
 }
 
-TEST(SettingsStore, ValuePointersHoldTheTypedValues)
+TEST(SettingsStore, ValuePointersHoldTheTypedValuesUnderTheirTypeCodes)
 {
     CSettings s;
     s.setString("s", "Grün");
@@ -258,24 +258,24 @@ TEST(SettingsStore, ValuePointersHoldTheTypedValues)
     s.setFile("f", "a.bmp");
     s.setInt64("p", -0x123456789LL);
 
+    const struct
+    {
+        const char* key;
+        int type;
+    } types[] = {{"s", 0}, {"b", 1}, {"i", 4}, {"d", 8}, {"x", 16}, {"f", 32}, {"p", 64}};
+    for (const auto& t : types)
+        EXPECT_EQ(s.hash_lookup(t.key)->type, t.type) << t.key;
     EXPECT_STREQ(static_cast<const char*>(s.hash_lookup("s")->value), "Grün");
-    EXPECT_EQ(s.hash_lookup("s")->type, 0);
     EXPECT_EQ(*static_cast<int*>(s.hash_lookup("b")->value), 1);
-    EXPECT_EQ(s.hash_lookup("b")->type, 1);
     EXPECT_EQ(*static_cast<int*>(s.hash_lookup("i")->value), -3);
-    EXPECT_EQ(s.hash_lookup("i")->type, 4);
     EXPECT_EQ(*static_cast<double*>(s.hash_lookup("d")->value), 0.5);
-    EXPECT_EQ(s.hash_lookup("d")->type, 8);
     const BYTE* block = static_cast<const BYTE*>(s.hash_lookup("x")->value);
     DWORD length;
     std::memcpy(&length, block, 4);
-    EXPECT_EQ(length, 3u);
+    EXPECT_EQ(length, 3u) << "a leading 32-bit length";
     EXPECT_EQ(std::memcmp(block + 4, bytes, 3), 0);
-    EXPECT_EQ(s.hash_lookup("x")->type, 16);
     EXPECT_STREQ(static_cast<const char*>(s.hash_lookup("f")->value), "a.bmp");
-    EXPECT_EQ(s.hash_lookup("f")->type, 32);
     EXPECT_EQ(*static_cast<INT_PTR*>(s.hash_lookup("p")->value), -0x123456789LL);
-    EXPECT_EQ(s.hash_lookup("p")->type, 64);
 }
 
 TEST(SettingsStore, RecordsAndScalarPointersSurviveGrowth)
