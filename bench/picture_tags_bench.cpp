@@ -4,6 +4,7 @@
 // std::vector<std::string>, with the same comparisons (the case-folded byte
 // order of CompareNoCase and twutil's CompareStringA).
 #include "picture/picture_tag_array.h"
+#include "picture/picture_tag_refusal.h"
 #include "string_helpers.h"
 
 #include <benchmark/benchmark.h>

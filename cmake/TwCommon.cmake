@@ -88,14 +88,22 @@ endif()
 
 # A module: a DLL in the Windows build, a static library of its portable
 # units in the native build.
-#   tw_add_module(name EXPORT_DEFINE def PORTABLE srcs... WIN srcs... NATIVE srcs...
+#   tw_add_module(name EXPORT_DEFINE def STATIC_DEFINE def
+#                 PORTABLE srcs... WIN srcs... NATIVE srcs...
 #                 DEPENDS libs... WIN_LIBS libs... RC files... INCLUDE dirs...
 #                 HEADERS files...)
-# HEADERS are the public headers to install; each goes below include/ under
-# the path by which the first INCLUDE folder holding it resolves it (so
-# twstddlg/values/color.h becomes include/values/color.h).
+# <name>_objects names the module's compiled units in both builds: the DLL
+# is linked from exactly these objects (resources included), and a test of
+# what the DLL does not export (rules, seams) links them instead of the DLL.
+# Whoever links them gets STATIC_DEFINE, so the module's headers declare
+# its interface without dllimport.
+# HEADERS are the public headers to install, each named explicitly; each
+# goes below include/ under the path by which the first INCLUDE folder
+# holding it resolves it (so twstddlg/values/color.h becomes
+# include/values/color.h).
 function(tw_add_module name)
-  cmake_parse_arguments(M "" "EXPORT_DEFINE" "PORTABLE;WIN;NATIVE;DEPENDS;WIN_LIBS;RC;INCLUDE;HEADERS" ${ARGN})
+  cmake_parse_arguments(M "" "EXPORT_DEFINE;STATIC_DEFINE"
+                        "PORTABLE;WIN;NATIVE;DEPENDS;WIN_LIBS;RC;INCLUDE;HEADERS" ${ARGN})
   # Source folders while building; the installed include/ for hosts.
   set(includes)
   foreach(dir ${M_INCLUDE})
@@ -103,13 +111,18 @@ function(tw_add_module name)
   endforeach()
   list(APPEND includes $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
   if(TW_WINDOWS)
-    add_library(${name} SHARED ${M_PORTABLE} ${M_WIN} ${M_RC})
+    add_library(${name}_objects OBJECT ${M_PORTABLE} ${M_WIN} ${M_RC})
+    target_compile_definitions(${name}_objects PRIVATE ${M_EXPORT_DEFINE} INTERFACE ${M_STATIC_DEFINE})
+    target_include_directories(${name}_objects PUBLIC ${includes})
+    target_link_libraries(${name}_objects PUBLIC tw_flags ${M_DEPENDS} ${M_WIN_LIBS})
+    add_dependencies(${name}_objects tw_runtime_dlls)
+    add_library(${name} SHARED $<TARGET_OBJECTS:${name}_objects>)
     set_target_properties(${name} PROPERTIES PREFIX "" IMPORT_PREFIX "lib")
     target_link_libraries(${name} PRIVATE ${M_WIN_LIBS})
-    add_dependencies(${name} tw_runtime_dlls)
     tw_install_module(${name} INCLUDE ${M_INCLUDE} HEADERS ${M_HEADERS})
   elseif(M_PORTABLE OR M_NATIVE)
     add_library(${name} STATIC ${M_PORTABLE} ${M_NATIVE})
+    add_library(${name}_objects ALIAS ${name})
   else()
     # No portable units yet: headers only.
     add_library(${name} INTERFACE)
@@ -147,37 +160,6 @@ function(tw_install_module name)
     get_filename_component(subdir ${relative} DIRECTORY)
     install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${subdir})
   endforeach()
-endfunction()
-
-# The project's own headers that the header `top` includes, directly or
-# through others ("..." includes resolved beside the including file, then in
-# the folders `dirs`), `top` included; headers of other modules and system
-# headers are not followed. Re-configures when one of them changes.
-function(tw_header_closure out top)
-  set(dirs ${ARGN})
-  get_filename_component(top ${top} ABSOLUTE BASE_DIR ${CMAKE_CURRENT_SOURCE_DIR})
-  set(seen ${top})
-  set(todo ${top})
-  while(todo)
-    list(POP_FRONT todo file)
-    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${file})
-    file(STRINGS ${file} lines REGEX "^[ \t]*#[ \t]*include[ \t]*\"")
-    get_filename_component(here ${file} DIRECTORY)
-    foreach(line ${lines})
-      string(REGEX REPLACE "^[ \t]*#[ \t]*include[ \t]*\"([^\"]+)\".*" "\\1" name "${line}")
-      foreach(dir ${here} ${dirs})
-        if(EXISTS ${dir}/${name})
-          get_filename_component(found ${dir}/${name} ABSOLUTE)
-          if(NOT found IN_LIST seen)
-            list(APPEND seen ${found})
-            list(APPEND todo ${found})
-          endif()
-          break()
-        endif()
-      endforeach()
-    endforeach()
-  endwhile()
-  set(${out} ${seen} PARENT_SCOPE)
 endfunction()
 
 # A GoogleTest executable. Natively each test case is a CTest test; under

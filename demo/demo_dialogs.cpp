@@ -64,11 +64,12 @@ INT_PTR showMessageBox(const MessageBoxSample& sample, CWnd* parent)
 }
 
 // The tour always shows the question, even when it was silenced in the
-// interactive demo.
+// interactive demo: its profile value "NOMSG_<caption>_<number>" goes to 0.
 void forgetSilence(const MessageBoxSample& sample)
 {
-    AfxGetApp()->WriteProfileInt(twmsgbox::kProfileSection, twmsgbox::SettingsName(sample.caption, sample.messageId),
-                                 0);
+    CString name;
+    name.Format("NOMSG_%s_%i", sample.caption, sample.messageId);
+    AfxGetApp()->WriteProfileInt(twmsgbox::kProfileSection, name, 0);
 }
 
 DemoEntry messageBoxEntry(const MessageBoxSample& sample)

@@ -92,11 +92,11 @@ CValuesWnd* showValues(CWnd* parent)
 
 DemoRegistrar values{{"&Werte", "&Farben und Bildmarkierungen", [](CWnd* parent) { showValues(parent); },
                       [](DemoTour& tour, CWnd* parent) {
-                          // The refusal of the doubled caption is a message
-                          // box; the tour answers it through the seam.
-                          auto previous = SetPictureTagRefusedNotifier(nullptr);
-                          CValuesWnd* wnd = showValues(parent);
-                          SetPictureTagRefusedNotifier(previous);
+                          // The doubled caption is refused with a message
+                          // box: pictured and closed on the way.
+                          CValuesWnd* wnd = nullptr;
+                          tour.ShotModal(
+                              "values-refused", [&] { wnd = showValues(parent); }, IDOK);
                           if (wnd == nullptr)
                               return;
                           DemoSettle(300);

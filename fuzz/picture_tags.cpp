@@ -17,6 +17,7 @@
 // Hit tests run on every tag with points taken from the input, so that
 // extreme coordinates meet the sanitizers.
 #include "picture/picture_tag_array.h"
+#include "picture/picture_tag_refusal.h"
 #include "afxcoll.h"
 #include "string_helpers.h"
 

@@ -45,7 +45,9 @@ foreach(file ${expected})
 endforeach()
 set(private
   include/file_os.h include/module_state_impl.h include/cad_module.h
-  include/frame/placement.h include/values/named_array.h include/src)
+  include/frame/placement.h include/frame/registry_switch.h include/frame/library_instance.h
+  include/values/named_array.h include/picture/picture_tag_refusal.h
+  include/dialogs/message_box_layout.h include/src)
 foreach(file ${private})
   if(EXISTS ${prefix}/${file})
     message(FATAL_ERROR "install_test: private ${file} is installed")

@@ -1,7 +1,10 @@
-// The registry reader, the policy switches and the safe timer against the
-// real registry and real timers.
+// The frame's internals against the real system: the registry reader and
+// the policy switches, the safe timer, the common-controls version number.
+#include "frame/module_version.h"
+#include "frame/module_version_number.h"
 #include "frame/registry_switch.h"
 #include "frame/safe_timer.h"
+#include "frame/safe_timer_seam.h"
 #include "frame_win_support.h"
 
 #include <gtest/gtest.h>
@@ -290,4 +293,21 @@ TEST(SafeTimer, StartsARealTimerWithIdentifier1)
     }
     EXPECT_TRUE(ticked);
     EXPECT_TRUE(wnd.KillTimer(1));
+}
+
+TEST(ModuleVersionNumber, MajorTimes100PlusMinorAnd0WithoutAnAnswer)
+{
+    DLLVERSIONINFO info = {};
+    ASSERT_TRUE(CModuleVersion::DllGetVersion("comctl32.dll", info));
+    struct
+    {
+        const char* module;
+        int number;
+    } cases[] = {
+        {"comctl32.dll", static_cast<int>(info.dwMajorVersion * 100 + info.dwMinorVersion)},
+        {"kernel32.dll", 0},  // no DllGetVersion export
+        {"kein_solches_modul.dll", 0},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(TwModuleVersionNumber(c.module), c.number) << c.module;
 }

@@ -1,4 +1,5 @@
 #include "picture/picture_tag_array.h"
+#include "picture/picture_tag_refusal.h"
 
 #include <gtest/gtest.h>
 

@@ -409,19 +409,24 @@ TEST(PictureTagHits, PolygonHandlesAreTheLastCornerThenEachPoint)
 
 TEST(PictureTagHits, EllipseOutlineAroundPositionWithinFivePercent)
 {
-    // Deliberately centred on the position, radius cx / 2 and cy / 2.
-    CPictureTag ellipse{CString("E1000,1000,200,100,0,0,\"e\"")};
+    // Deliberately centred on the position, radius cx / 2 and cy / 2; odd
+    // extents halve to 20.5 and 10.5, not 20 and 10.
+    const CPictureTag ellipse = CString("E1000,1000,200,100,0,0,\"e\"");
+    const CPictureTag odd = CString("E1000,1000,41,21,0,0,\"o\"");
     struct
     {
+        const CPictureTag& tag;
         CPoint p;
         int dot;
     } cases[] = {
-        {{1098, 1000}, 5}, {{1097, 1000}, 0}, {{1102, 1000}, 5}, {{1103, 1000}, 0}, {{902, 1000}, 5},
-        {{1000, 1050}, 5}, {{1000, 1051}, 5}, {{1000, 1052}, 0}, {{1000, 1000}, 1}, {{1100, 1050}, 0},
+        {ellipse, {1098, 1000}, 5}, {ellipse, {1097, 1000}, 0}, {ellipse, {1102, 1000}, 5}, {ellipse, {1103, 1000}, 0},
+        {ellipse, {902, 1000}, 5},  {ellipse, {1000, 1050}, 5}, {ellipse, {1000, 1051}, 5}, {ellipse, {1000, 1052}, 0},
+        {ellipse, {1000, 1000}, 1}, {ellipse, {1100, 1050}, 0}, {odd, {1021, 1000}, 5},     {odd, {1010, 1009}, 5},
+        {odd, {1009, 1009}, 0},
     };
     for (auto& c : cases) {
         int index = 0;
-        EXPECT_EQ(ellipse.PointInPictureTag(c.p, index), c.dot) << c.p.x << "," << c.p.y;
+        EXPECT_EQ(c.tag.PointInPictureTag(c.p, index), c.dot) << c.tag.GetText() << " " << c.p.x << "," << c.p.y;
     }
 
     // Squares wrap in 32 bits: 65536 squared is 0.
@@ -435,18 +440,22 @@ TEST(PictureTagHits, EllipseOutlineAroundPositionWithinFivePercent)
 
 TEST(PictureTagHits, CircleOutlineAroundPositionWithinFivePixels)
 {
-    CPictureTag circle{CString("K1000,1000,100,0,0,0,\"k\"")};
+    // An odd extent halves to a radius of 50.5, not 50.
+    const CPictureTag circle = CString("K1000,1000,100,0,0,0,\"k\"");
+    const CPictureTag odd = CString("K1000,1000,101,0,0,0,\"o\"");
     struct
     {
+        const CPictureTag& tag;
         CPoint p;
         int dot;
     } cases[] = {
-        {{1054, 1000}, 5}, {{1055, 1000}, 0}, {{1046, 1000}, 5}, {{1045, 1000}, 0},
-        {{1030, 1040}, 5}, {{1000, 947}, 5},  {{1007, 1000}, 0}, {{1100, 1010}, 0},
+        {circle, {1054, 1000}, 5}, {circle, {1055, 1000}, 0}, {circle, {1046, 1000}, 5}, {circle, {1045, 1000}, 0},
+        {circle, {1030, 1040}, 5}, {circle, {1000, 947}, 5},  {circle, {1007, 1000}, 0}, {circle, {1100, 1010}, 0},
+        {odd, {1055, 1000}, 5},    {odd, {1045, 1001}, 0},
     };
     for (auto& c : cases) {
         int index = 0;
-        EXPECT_EQ(circle.PointInPictureTag(c.p, index), c.dot) << c.p.x << "," << c.p.y;
+        EXPECT_EQ(c.tag.PointInPictureTag(c.p, index), c.dot) << c.tag.GetText() << " " << c.p.x << "," << c.p.y;
     }
 }
 

@@ -1,5 +1,6 @@
 #include "dialogs/message_box.h"
 
+#include "dialogs/message_box_layout.h"
 #include "res/resource.h"
 
 namespace {

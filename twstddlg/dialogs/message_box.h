@@ -19,7 +19,8 @@ public:
     };
 
     // An empty box with style 1 (Yes to all, no check box) and number 0.
-    explicit CMessageBox(CWnd* parent);
+    // Not explicit, like the framework's dialogs made from their parent.
+    CMessageBox(CWnd* parent);
     // A question with its number and caption (which name its profile value).
     CMessageBox(CWnd* parent, int messageId, const char* caption, const char* message, int style);
 

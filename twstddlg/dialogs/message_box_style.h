@@ -1,10 +1,7 @@
-// The message box's style bits: which buttons it shows, which one is the
-// default, what it answers without asking, and where a silenced question is
-// remembered. The Win32 shell is message_box.cpp.
+// The message box's style bits and answers, and the profile section where
+// a silenced question is remembered: a question with caption C and number N
+// is silenced while the value "NOMSG_<C>_<N>" there is non-zero.
 #pragma once
-
-#include "afxstr.h"
-#include "twstddlg_api.h"
 
 namespace twmsgbox {
 
@@ -24,29 +21,5 @@ inline constexpr int kAnswerYesAll = 14;
 
 // The profile section that holds the silenced questions.
 inline constexpr const char* kProfileSection = "Einstellungen";
-
-// What the box shows for one set of style bits.
-struct Layout
-{
-    bool showYesAll;    // button 14
-    bool yesAllIsOk;    // button 14 reads "Ok"
-    bool showYesNo;     // buttons 6 and 7
-    bool showCheckBox;  // the check box, and whether a stored choice counts
-    int defaultButton;  // the id given to DM_SETDEFID
-};
-
-// The buttons, the check box and the default button for `style`.
-TWSTDDLG_API Layout LayoutFor(unsigned style);
-
-// The answer of a question that the user silenced: 1 in single-button
-// mode, else 7 with kStyleSilentNo, else 6.
-TWSTDDLG_API int SilencedAnswer(unsigned style);
-
-// The answer of button 14: 1 in single-button mode, else 14.
-TWSTDDLG_API int YesAllAnswer(unsigned style);
-
-// The profile value name of one question: "NOMSG_<caption>_<number>", the
-// caption taken as it is.
-TWSTDDLG_API CString SettingsName(const char* caption, int messageId);
 
 }  // namespace twmsgbox

@@ -1,6 +1,7 @@
 #include "frame/fix_mfc_toolbar.h"
 
 #include "frame/module_version.h"
+#include "frame/module_version_number.h"
 
 int TwModuleVersionNumber(const char* moduleName)
 {

@@ -11,8 +11,4 @@ public:
     // when the library loads; 0 when the version query failed.
     static int iVerComCtl32;
 };
-
-// A module's DllGetVersion answer as major * 100 + minor, 0 on failure.
-// Library-internal: exported for the library's tests.
-TWSTDDLG_API int TwModuleVersionNumber(const char* moduleName);
 #endif

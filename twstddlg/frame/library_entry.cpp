@@ -1,13 +1,19 @@
 #include "frame/library_entry.h"
 
 #include "afxwin.h"
+#include "frame/library_instance.h"
 #include "twversion.h"
 
 #include <new>
 
+// The image the linker put this code into.
+extern "C" IMAGE_DOS_HEADER __ImageBase;
+
 namespace {
 
-HINSTANCE g_libraryInstance = nullptr;
+// Known before the entry runs, and right where no entry runs at all: a test
+// program that links the library's objects holds their resources itself.
+HINSTANCE g_libraryInstance = reinterpret_cast<HINSTANCE>(&__ImageBase);
 AFX_EXTENSION_MODULE g_extensionModule = {};
 
 }  // namespace

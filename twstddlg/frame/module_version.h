@@ -10,8 +10,13 @@
 // The version resource of a loaded module: the fixed file information as the
 // object's own fields, and named string values of one translation.
 //
-// A copy holds its own copy of the version data, so copies may outlive each
-// other.
+// The version data is one array allocation (new[]) owned by the object and
+// freed (delete[]) by its destructor and by the next GetFileVersionInfo;
+// the array begins with a 16-byte header that records the data's size, and
+// m_pVersionInfo points just past it.
+// Deliberate: copy construction and assignment give the copy its own array
+// with the same data. Copying the pointer as it is would leave two objects
+// owning one array, which the second destructor would free again.
 class TWSTDDLG_API CModuleVersion : public VS_FIXEDFILEINFO
 {
 public:

@@ -1,8 +1,6 @@
 // Single registry values and the policy switches below
-// HKEY_CURRENT_USER\Software\Tesselwerk. Library-internal: exported only so
-// that the library's tests can reach them; not part of twstddlg.h.
+// HKEY_CURRENT_USER\Software\Tesselwerk. Library-internal (not exported).
 #pragma once
-#include "twstddlg_api.h"
 
 #ifdef _WIN32
 #include "afxstr.h"
@@ -14,16 +12,15 @@ inline constexpr const char* kTesselwerkKey = "Software\\Tesselwerk";
 // any other type or a longer value leaves it empty. Returns the status of
 // the open, or of the query when the key opened. Closes `root` and leaves
 // the opened subkey open.
-TWSTDDLG_API LONG ReadRegistryString(HKEY root, const char* subkey, const char* valueName, CString& value);
+LONG ReadRegistryString(HKEY root, const char* subkey, const char* valueName, CString& value);
 
 // 1 when the value under HKCU\Software\Tesselwerk holds a truth word
 // ("1", "ok", "yes", "ja", "true", "wahr" after lower-casing), else 0.
-TWSTDDLG_API int IsRegistrySwitchSet(CString valueName);
+int IsRegistrySwitchSet(CString valueName);
 
 // 1 when "DisableInternet" is set: links are not opened.
-TWSTDDLG_API int IsInternetDisabled();
+int IsInternetDisabled();
 
-// 1 when "DisableDumpWriter" is set; for the applications, the library
-// itself does not consult it.
-TWSTDDLG_API int IsDumpWriterDisabled();
+// 1 when "DisableDumpWriter" is set; nothing in the library consults it.
+int IsDumpWriterDisabled();
 #endif

@@ -1,5 +1,7 @@
 #include "frame/safe_timer.h"
 
+#include "frame/safe_timer_seam.h"
+
 #include "afxwin.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include "afxwin.h"
 #include "file_operation.h"
 #include "frame/error_text.h"
-#include "frame/library_entry.h"
+#include "frame/library_instance.h"
 #include "frame/registry_switch.h"
 #include "string_helpers.h"
 #include "tw_exception.h"

@@ -279,20 +279,23 @@ TAG_DOT CPictureTagBase::PointInPictureTag(CPoint point, int& index) const
     const int y = m_ptPosition.y;
     const int cx = m_szDistance.cx;
     const int cy = m_szDistance.cy;
+    // The half axes of the ellipse and the circle's radius are halved as
+    // doubles, not halved as integers and then converted: an odd extent of
+    // 5 gives 2.5, not 2.
+    const double a = cx / 2.0;
+    const double b = cy / 2.0;
     bool hit = false;
     switch (m_eTagForm) {
     case TAG_ELLIPSE: {
         // Deliberate: the position is taken as the centre here although
         // drawing takes it as a corner of the bounding box.
-        const double a = cx / 2.0;
-        const double b = cy / 2.0;
         const double dx2 = Square32(Minus32(point.x, x));
         const double dy2 = Square32(Minus32(point.y, y));
         hit = std::fabs(dy2 / (b * b) + dx2 / (a * a) - 1.0) < 0.05;
         break;
     }
     case TAG_CIRCLE:
-        hit = std::fabs(Distance32(point, m_ptPosition) - cx / 2.0) < 5.0;
+        hit = std::fabs(Distance32(point, m_ptPosition) - a) < 5.0;
         break;
     case TAG_SQUARE:
     case TAG_RECTANGLE: {

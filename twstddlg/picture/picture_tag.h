@@ -15,8 +15,8 @@
 // - A form outside the table writes its letter as the byte 255.
 // - The handle test compares in 64-bit arithmetic, so no coordinate wraps.
 //   The outline tests take their squares (and the sums of two squares) in
-//   32-bit integer arithmetic that wraps as on the target; half axes and
-//   radii are cx / 2.0 and cy / 2.0. A zero axis never hits.
+//   32-bit integer arithmetic that wraps as on the target. A zero axis
+//   never hits.
 // - Copy assignment of a tag to itself leaves it unchanged.
 // - A tag also has a move constructor and move assignment that take the
 //   text, URL and points over without copying; the moved-from tag keeps its
@@ -28,9 +28,6 @@
 #include "afxstr.h"
 #include "afxtempl.h"
 #include "atltypes.h"
-
-class CDC;
-class CSettings;
 
 // Kind of figure of a tag; any int value may occur, those outside the table
 // are unknown forms.
@@ -68,7 +65,7 @@ struct _TAG_INFO
 
 class CPictureTagArray;
 
-// The data of one picture tag and its drawing operations.
+// The data of one picture tag.
 class TWSTDDLG_API CPictureTagBase
 {
     friend class CPictureTagArray;
@@ -79,15 +76,6 @@ public:
     CPictureTagBase& operator=(const CPictureTagBase&) = delete;
     virtual ~CPictureTagBase();
 
-    // Draws the figure (drawFigure non-zero) and the caption (drawText
-    // non-zero) with the look of the settings, mapped by offset and zoom.
-    virtual void Draw(CDC* dc, CSettings* settings, CPoint offset, float zoom, int drawFigure, int drawText);
-    // Draws the figure in screen coordinates; the base draws nothing.
-    virtual void DrawObject(CDC* dc, int x, int y, int cx, int cy, int startKind, int endKind);
-    // Draws the editing handles; the base draws nothing.
-    virtual void DrawDots(CDC* dc, CSettings* settings, CPoint offset, float zoom);
-    // Draws the line from the position to the caption; the base draws nothing.
-    virtual void DrawHelpLine(CDC* dc, CSettings* settings, CPoint offset, float zoom);
     // The tag's text form; the base gives an empty string.
     virtual CString ToString();
 
@@ -173,7 +161,7 @@ protected:
     CString m_strText;
     int m_iVisible;
     CString m_strURL;
-    // Drawing state, written by Draw.
+    // Drawing state, written when the tag is drawn.
     int m_iArrowSize;
     COLORREF m_crLineColor;
     // A polygon's inner corners; the first is the position, the last the distance.
@@ -182,7 +170,7 @@ protected:
     float m_fZoom;
 };
 
-// A picture tag with its text form, parser and figure drawing.
+// A picture tag with its text form and parser.
 class TWSTDDLG_API CPictureTag : public CPictureTagBase
 {
 public:
@@ -190,7 +178,8 @@ public:
     CPictureTag(const CPictureTag& src);
     CPictureTag(CPictureTag&& src) noexcept : CPictureTagBase() { MoveFromPictureTagBase(src); }
     // Parses the text form; text it cannot read leaves the default tag.
-    explicit CPictureTag(CString text);
+    // Not explicit: hosts hand tag texts where a tag is expected.
+    CPictureTag(CString text);
     ~CPictureTag() override;
 
     CPictureTag& operator=(const CPictureTag& src);
@@ -201,9 +190,6 @@ public:
         return *this;
     }
 
-    void DrawObject(CDC* dc, int x, int y, int cx, int cy, int startKind, int endKind) override;
-    void DrawDots(CDC* dc, CSettings* settings, CPoint offset, float zoom) override;
-    void DrawHelpLine(CDC* dc, CSettings* settings, CPoint offset, float zoom) override;
     // The one-line text form, ending in ";".
     CString ToString() override;
 

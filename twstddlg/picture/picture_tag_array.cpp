@@ -2,6 +2,7 @@
 #include "picture/picture_tag_array.h"
 
 #include "afxcoll.h"
+#include "picture/picture_tag_refusal.h"
 #include "string_helpers.h"
 
 #include <cstdint>
@@ -161,22 +162,4 @@ _TAG_INFO CPictureTagArray::PointInPictureTag(CPoint point, int& index)
             return _TAG_INFO{i, dot};
     }
     return _TAG_INFO{-1, DOT_NONE};
-}
-
-void CPictureTagArray::DrawTags(CDC* dc, CSettings* settings, CPoint offset, float zoom)
-{
-    for (INT_PTR i = 0; i < GetSize(); ++i)
-        ElementAt(i).Draw(dc, settings, offset, zoom, 1, 1);
-}
-
-void CPictureTagArray::DrawDots(CDC* dc, CSettings* settings, CPoint offset, float zoom)
-{
-    for (INT_PTR i = 0; i < GetSize(); ++i)
-        ElementAt(i).DrawDots(dc, settings, offset, zoom);
-}
-
-void CPictureTagArray::DrawHelpLine(CDC* dc, CSettings* settings, CPoint offset, float zoom)
-{
-    for (INT_PTR i = 0; i < GetSize(); ++i)
-        ElementAt(i).DrawHelpLine(dc, settings, offset, zoom);
 }

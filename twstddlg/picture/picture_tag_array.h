@@ -9,10 +9,8 @@
 // BuildArray keep both; Insert and Visible replace in place and keep
 // neither.
 //
-// BuildArray reports each refused tag through the refusal notifier. In the
-// Windows build the library installs one at load that shows string 30040
-// ("Element konnte nicht eingefügt werden") with AfxMessageBox and an OK
-// button; the native build has none. Tests replace it.
+// BuildArray tells the user about each refused tag: string 30040 ("Element
+// konnte nicht eingefügt werden") in AfxMessageBox with an OK button.
 #pragma once
 
 #include "twstddlg_api.h"
@@ -21,13 +19,6 @@
 
 // The DLL instantiates and exports the array's members.
 TWSTDDLG_EXTERN_ARRAY(CPictureTag);
-
-// Told about each tag that BuildArray could not add (its caption is taken).
-typedef void (*PICTURE_TAG_REFUSED_NOTIFIER)(const CPictureTag& refused);
-
-// Makes notifier the one BuildArray calls for a refused tag (NULL: nobody is
-// told); returns the one it replaces.
-TWSTDDLG_API PICTURE_TAG_REFUSED_NOTIFIER SetPictureTagRefusedNotifier(PICTURE_TAG_REFUSED_NOTIFIER notifier);
 
 // The annotations of one picture, ordered by caption.
 class TWSTDDLG_API CPictureTagArray : public CArray<CPictureTag, CPictureTag&>
@@ -56,13 +47,6 @@ public:
     _TAG_INFO FindPictureTag(CPoint point, int& index);
     // As FindPictureTag with each tag's outline test.
     _TAG_INFO PointInPictureTag(CPoint point, int& index);
-
-    // Draws every tag, figure and caption, in array order.
-    void DrawTags(CDC* dc, CSettings* settings, CPoint offset, float zoom);
-    // Draws the editing handles of every tag.
-    void DrawDots(CDC* dc, CSettings* settings, CPoint offset, float zoom);
-    // Draws the help line of every tag.
-    void DrawHelpLine(CDC* dc, CSettings* settings, CPoint offset, float zoom);
 
 private:
     class CaptionOf;

@@ -1,9 +1,9 @@
 // Windows shell of the picture tag array: tells the user about a tag that
 // BuildArray refused, with the library's own message 30040.
-#include "picture/picture_tag_array.h"
+#include "picture/picture_tag_refusal.h"
 
 #include "afxwin.h"
-#include "frame/library_entry.h"
+#include "frame/library_instance.h"
 #include "res/resource.h"
 
 namespace {

@@ -1,9 +1,11 @@
-// A host of the installed package: uses colour values across the DLL
-// boundary and prints what it got; the install test compares the lines.
+// A host of the installed package: uses something of each area across the
+// DLL boundaries (afx, twutil, and the library's frame, values, picture tags
+// and dialogs) and prints what it got; the install test reads the result.
 // This file is UTF-8; its narrow literals are code page 1252 only if the
 // package hands the host its charset option.
+#include "afxwin.h"
 #include "twstddlg.h"
-#include "values/color.h"
+#include "twutil.h"
 
 #include <cstdio>
 
@@ -41,6 +43,27 @@ int main()
     check(convertRGBName2ColorRef("grün") == 0x00008000, "German name with umlaut");
     const CString white = convertColorRef2Name(0x00FFFFFF);
     check(white == "weiß" && white.GetLength() == 4, "German name of white");
+
+    CString joined;
+    joined.Format("%s-%d", "afx", 42);
+    check(joined == "afx-42", "CString::Format of afx");
+
+    CStringArray fields;
+    SplitCSVLine("eins;\"zwei;drei\"", ';', &fields);
+    check(fields.GetSize() == 2 && fields[1] == "zwei;drei", "SplitCSVLine of twutil");
+
+    CModuleVersion version;
+    check(version.GetFileVersionInfo("twstddlg.dll") && version.GetValue("CompanyName") == "Tesselwerk",
+          "CModuleVersion reads the library's version resource");
+
+    // A tag from its text form where a tag is expected.
+    CPictureTagArray tags;
+    tags.AddSorted(CString("R10,20,30,40,12,70,\"Haus\""));
+    check(tags.ToString() == "R10,20,30,40,12,70,\"Haus\";", "CPictureTagArray of a tag text");
+
+    CAskSomething question("Alle löschen?", nullptr);
+    question.m_bNoToAll = 1;
+    check(question.DoModal() == CAskSomething::kNoToAll, "CAskSomething answers no to all without asking");
 
     std::printf("%s: %d failure(s)\n", failures == 0 ? "HOST PASSED" : "HOST FAILED", failures);
     return failures == 0 ? 0 : 1;

@@ -1,4 +1,4 @@
-#include "dialogs/message_box_style.h"
+#include "dialogs/message_box_layout.h"
 
 namespace twmsgbox {
 
