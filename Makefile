@@ -1,5 +1,6 @@
 # The two commands a newcomer needs: `make demo` and `make test`.
-# Both install what is missing (Debian packages) before they start.
+# Each target installs the Debian packages it needs and lacks before it starts
+# (tools/bootstrap.sh TARGET); `make bootstrap` installs everything.
 
 NATIVE := build/native
 WIN    := build/win
@@ -9,22 +10,23 @@ CMAKE_WIN = cmake -S . -B $(WIN) $(TOOLCHAIN) -DCMAKE_BUILD_TYPE=Debug
 CMAKE_NATIVE = cmake -S . -B $(NATIVE) -DCMAKE_BUILD_TYPE=Debug
 
 .PHONY: all bootstrap native win test demo tour bench fuzz clean
+# Targets run one after another (each installs its packages with apt-get,
+# which takes a lock); the builds themselves use JOBS cores.
+.NOTPARALLEL:
 
 all: native win
 
 bootstrap:
-	@tools/bootstrap.sh
+	@tools/bootstrap.sh all
 
-$(NATIVE)/CMakeCache.txt:
-	$(CMAKE_NATIVE) >/dev/null
-
-$(WIN)/CMakeCache.txt:
-	$(CMAKE_WIN) >/dev/null
-
-native: bootstrap $(NATIVE)/CMakeCache.txt
+native:
+	@tools/bootstrap.sh native
+	@[ -f $(NATIVE)/CMakeCache.txt ] || $(CMAKE_NATIVE) >/dev/null
 	cmake --build $(NATIVE) -j$(JOBS)
 
-win: bootstrap $(WIN)/CMakeCache.txt
+win:
+	@tools/bootstrap.sh win
+	@[ -f $(WIN)/CMakeCache.txt ] || $(CMAKE_WIN) >/dev/null
 	cmake --build $(WIN) -j$(JOBS)
 
 # Native tests (sanitizers) and Windows tests (Wine) in one CTest run.
@@ -38,7 +40,7 @@ demo: win
 ifeq ($(strip $(DISPLAY)),)
 	@$(MAKE) --no-print-directory tour
 else
-	$(WIN)/winerun $(WIN)/bin/twdemo.exe
+	$(WIN)/winerun --display $(WIN)/bin/twdemo.exe
 endif
 
 tour: win
@@ -48,10 +50,11 @@ tour: win
 	@ls -1 $(CURDIR)/$(WIN)/tour/*.png
 
 # Benchmarks run natively, optimised and without sanitizers.
-bench: bootstrap
-	cmake -S . -B build/bench -DCMAKE_BUILD_TYPE=Release -DTW_SANITIZE=OFF >/dev/null
+bench:
+	@tools/bootstrap.sh bench
+	cmake -S . -B build/bench -DCMAKE_BUILD_TYPE=Release -DTW_SANITIZE=OFF -DTW_BENCH=ON >/dev/null
 	cmake --build build/bench -j$(JOBS) --target tw_benchmarks
-	cmake -S . -B build/bench-win $(TOOLCHAIN) -DCMAKE_BUILD_TYPE=Release >/dev/null
+	cmake -S . -B build/bench-win $(TOOLCHAIN) -DCMAKE_BUILD_TYPE=Release -DTW_BENCH=ON >/dev/null
 	cmake --build build/bench-win -j$(JOBS) --target tw_benchmarks
 	@set -e; found=0; for b in build/bench/bin/bench_*; do \
 	    [ -x "$$b" ] || continue; found=1; "$$b"; done; \
@@ -61,7 +64,8 @@ bench: bootstrap
 
 # Every fuzz target for FUZZ_SECONDS each (clang, libFuzzer, ASan, UBSan).
 FUZZ_SECONDS ?= 10
-fuzz: bootstrap
+fuzz:
+	@tools/bootstrap.sh fuzz
 	CC=clang CXX=clang++ cmake -S . -B build/fuzz -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTW_FUZZ=ON -DTW_SANITIZE=OFF >/dev/null
 	cmake --build build/fuzz -j$(JOBS) --target tw_fuzzers
 	@set -e; found=0; for f in build/fuzz/bin/fuzz_*; do \

@@ -29,7 +29,9 @@ if(TW_WINDOWS)
     __USE_MINGW_ANSI_STDIO=1 NOMINMAX STRICT)
   # One shared C++ runtime for all modules: framework exceptions cross DLLs.
   target_link_options(tw_host_flags INTERFACE -shared-libgcc)
-  set(CMAKE_RC_FLAGS "${CMAKE_RC_FLAGS} --codepage=65001" CACHE STRING "" FORCE)
+  # A plain variable, so that configuring again adds nothing to the cache
+  # (changed flags would rebuild every target).
+  string(APPEND CMAKE_RC_FLAGS " --codepage=65001")
 
   # The runtime DLLs beside the binaries, so that Wine and a user find them.
   set(TW_RUNTIME_DLLS)

@@ -9,15 +9,6 @@ IMPLEMENT_DYNCREATE(CMenu, CObject)
 
 namespace {
 
-// A pointer as an integer the optimiser cannot assume non-null: the
-// framework allows GetSafeHmenu through a NULL object pointer.
-std::uintptr_t OpaqueAddress(const void* p)
-{
-    std::uintptr_t value = reinterpret_cast<std::uintptr_t>(p);
-    asm("" : "+r"(value));
-    return value;
-}
-
 LPCSTR BitmapItem(const CBitmap* pBmp)
 {
     return reinterpret_cast<LPCSTR>(pBmp != nullptr ? pBmp->GetSafeHandle() : nullptr);
@@ -58,7 +49,7 @@ CMenu::~CMenu()
 
 HMENU CMenu::GetSafeHmenu() const
 {
-    return OpaqueAddress(this) == 0 ? nullptr : m_hMenu;
+    return AfxOpaqueAddress(this) == 0 ? nullptr : m_hMenu;
 }
 
 CMenu* PASCAL CMenu::FromHandle(HMENU hMenu)

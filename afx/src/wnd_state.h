@@ -5,10 +5,20 @@
 
 #include "afxwin.h"
 
+#include <cstdint>
 #include <unordered_map>
 
 class CImageList;
 struct _IMAGELIST;
+
+// A pointer as an integer the optimiser cannot assume non-null: the
+// framework allows GetSafeHandle and its kin through a NULL object pointer.
+inline std::uintptr_t AfxOpaqueAddress(const void* p)
+{
+    std::uintptr_t value = reinterpret_cast<std::uintptr_t>(p);
+    asm("" : "+r"(value));
+    return value;
+}
 
 // One handle map: permanent objects (owned by the caller) and temporary ones
 // (owned by the map).

@@ -4,6 +4,7 @@
 #include "twutil_api.h"
 #include "twversion.h"
 #include "settings.h"
+#include "truth_word_table.h"
 #include "string_helpers.h"
 #include "sorted_string_array.h"
 #include "exif.h"

@@ -1,6 +1,7 @@
 // Text forms of settings values: hex bytes and truth words.
 #include "settings.h"
 #include "settings_access.h"
+#include "truth_word_table.h"
 
 #include <cstdlib>
 #include <cstring>
@@ -11,8 +12,6 @@ bool IsBlank(char c)
 {
     return c == ' ' || c == '\t';
 }
-
-constexpr const char* kTruthWords[] = {"1", "ok", "yes", "ja", "true", "wahr"};
 
 }  // namespace
 
@@ -85,8 +84,8 @@ int IsStringValueTrue(const char* text)
         ++begin;
     while (end > begin && IsBlank(text[end - 1]))
         --end;
-    for (const char* word : kTruthWords) {
-        const size_t n = std::strlen(word);
+    for (std::string_view word : twutil::kTruthWords) {
+        const size_t n = word.size();
         if (n != end - begin)
             continue;
         size_t k = 0;
