@@ -57,6 +57,20 @@ struct AfxWndThreadState
 // process: window objects may outlive the thread's other data at exit.
 AfxWndThreadState& AfxGetWndThreadState();
 
+// Hands a message to the object of hWnd, the window being pWnd's, through
+// its WindowProc; a framework exception that escapes a handler stops here.
+LRESULT AfxCallWndProc(CWnd* pWnd, HWND hWnd, UINT nMsg, WPARAM wParam, LPARAM lParam);
+
+// Hands a message to a child window's object (reflection); FALSE if the
+// child has no permanent object or does not take it.
+BOOL AfxReflectToChild(HWND hWndChild, UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
+
+// Whether a message is one of the WM_CTLCOLOR... family.
+inline bool AfxIsCtlColorMessage(UINT message)
+{
+    return message >= WM_CTLCOLORMSGBOX && message <= WM_CTLCOLORSTATIC;
+}
+
 // AfxHookWindowCreate for a window that must be of class lpszClass (a name
 // or an atom); other windows made meanwhile are left alone.
 void AfxHookWindowCreateOfClass(CWnd* pWnd, LPCSTR lpszClass);
