@@ -1,6 +1,7 @@
 #include "exif.h"
 
 #include "afxexcept.h"
+#include "cp1252.h"
 #include "jpeg_segments.h"
 #include "settings.h"
 
@@ -310,23 +311,13 @@ CString TextOf(const BYTE* p, size_t n)
 // UCS-2 text to cp1252 for the characters the code page has, '?' otherwise.
 CString Ucs2Text(const TiffBlock& t, size_t off, size_t n)
 {
-    static constexpr WORD kHigh[32] = {0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
-                                       0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0,      0x017D, 0,
-                                       0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
-                                       0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
     std::string out;
     for (size_t i = 0; i + 1 < n; i += 2) {
         const WORD c = t.u16(off + i);
         if (c == 0)
             break;
-        char ch = '?';
-        if (c < 0x80 || (c >= 0xA0 && c <= 0xFF))
-            ch = static_cast<char>(c);
-        else
-            for (int k = 0; k < 32; ++k)
-                if (kHigh[k] == c)
-                    ch = static_cast<char>(0x80 + k);
-        out += ch;
+        const int byte = twutil_cp1252::FromUnicode(c);
+        out += byte >= 0 ? static_cast<char>(byte) : '?';
     }
     while (!out.empty() && out.back() == ' ')
         out.pop_back();
