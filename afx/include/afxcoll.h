@@ -8,7 +8,11 @@
 //   and the raw little-endian elements; CStringArray as the count and each
 //   string in the archive's CString format; CObArray as the count and each
 //   object in the persistent object format; CPtrArray holds addresses, which
-//   mean nothing in a file, so its Serialize writes nothing.
+//   mean nothing in a file, so its Serialize writes nothing. Loading checks
+//   the count against what the archive can still hold before anything is
+//   allocated (CArchive::CheckCount), taking the least each element needs:
+//   its size for the raw arrays, one byte for a string, two for an object
+//   tag, two for a map's key and value.
 //
 // Maps: chained hash tables. A table has GetHashTableSize() buckets (17
 // unless InitHashTable says otherwise) and never resizes by itself; the
@@ -30,18 +34,27 @@
 class AFX_API CByteArray : public CArray<BYTE, BYTE>
 {
     DECLARE_SERIAL(CByteArray)
+
+public:
+    void Serialize(CArchive& ar) override;
 };
 
 // An array of WORD.
 class AFX_API CWordArray : public CArray<WORD, WORD>
 {
     DECLARE_SERIAL(CWordArray)
+
+public:
+    void Serialize(CArchive& ar) override;
 };
 
 // An array of DWORD.
 class AFX_API CDWordArray : public CArray<DWORD, DWORD>
 {
     DECLARE_SERIAL(CDWordArray)
+
+public:
+    void Serialize(CArchive& ar) override;
 };
 
 // An array of UINT.

@@ -8,10 +8,16 @@
 // AfxThrowInvalidArgException().
 //
 // Serialization follows the framework: Serialize writes the element count,
-// then SerializeElements<TYPE> writes the elements. The default
-// SerializeElements stores each element's raw memory image, which is right
-// for plain values (numbers, POINT, RECT, structs of those). A user may
-// specialise it for a type, as in
+// then SerializeElements<TYPE> writes the elements. Loading checks the count
+// against the bytes the archive can still read (CArchive::CheckCount, one
+// byte an element at least, since a specialised SerializeElements may store
+// less than sizeof(TYPE)), throws CArchiveException badIndex for a count no
+// array can hold, and grows the array in batches that double as elements
+// arrive, so SerializeElements is called once per batch and memory follows
+// the data actually read even where the archive cannot check the count.
+// The default SerializeElements stores each element's raw memory image,
+// which is right for plain values (numbers, POINT, RECT, structs of those).
+// A user may specialise it for a type, as in
 //     template<> void AFXAPI SerializeElements<CColor>(CArchive& ar, CColor* p, INT_PTR n);
 // declared before the first use of CArray<CColor>::Serialize.
 //
@@ -174,6 +180,16 @@ protected:
     INT_PTR m_nSize;
     INT_PTR m_nMaxSize;
     INT_PTR m_nGrowBy;
+
+    // Serialize for elements that take at least nMinBytes bytes each in an
+    // archive.
+    void SerializeCounted(CArchive& ar, ULONGLONG nMinBytes);
+    // Loading part of the collections' Serialize: reads and checks the count
+    // (elements of at least nMinBytes bytes each) and makes the array that
+    // long in batches that double, calling loadBatch(pFirst, nCount) for
+    // each new stretch of elements.
+    template <class LoadBatch>
+    void LoadCounted(CArchive& ar, ULONGLONG nMinBytes, LoadBatch loadBatch);
 
 private:
     static constexpr INT_PTR maxElements()
@@ -367,16 +383,42 @@ void CArray<TYPE, ARG_TYPE>::RemoveAt(INT_PTR nIndex, INT_PTR nCount)
 template <class TYPE, class ARG_TYPE>
 void CArray<TYPE, ARG_TYPE>::Serialize(CArchive& ar)
 {
+    SerializeCounted(ar, 1);
+}
+
+template <class TYPE, class ARG_TYPE>
+void CArray<TYPE, ARG_TYPE>::SerializeCounted(CArchive& ar, ULONGLONG nMinBytes)
+{
     CObject::Serialize(ar);
     if (ar.IsStoring()) {
         ar.WriteCount(static_cast<DWORD_PTR>(m_nSize));
-    } else {
-        const DWORD_PTR nCount = ar.ReadCount();
-        if (nCount > static_cast<DWORD_PTR>(maxElements()))
-            AfxThrowArchiveException(CArchiveException::genericException);
-        SetSize(static_cast<INT_PTR>(nCount), -1);
+        SerializeElements<TYPE>(ar, m_pData, m_nSize);
+        return;
     }
-    SerializeElements<TYPE>(ar, m_pData, m_nSize);
+    LoadCounted(ar, nMinBytes, [&ar](TYPE* pFirst, INT_PTR nCount) { SerializeElements<TYPE>(ar, pFirst, nCount); });
+}
+
+template <class TYPE, class ARG_TYPE>
+template <class LoadBatch>
+void CArray<TYPE, ARG_TYPE>::LoadCounted(CArchive& ar, ULONGLONG nMinBytes, LoadBatch loadBatch)
+{
+    const DWORD_PTR nRead = ar.ReadCount();
+    if (nRead > static_cast<DWORD_PTR>(maxElements()))
+        AfxThrowArchiveException(CArchiveException::badIndex,
+                                 ar.GetFile() != NULL ? ar.GetFile()->GetFilePath() : CString());
+    ar.CheckCount(nRead, nMinBytes);
+    const INT_PTR nCount = static_cast<INT_PTR>(nRead);
+    constexpr INT_PTR nFirstBatch = std::max<INT_PTR>(1, 0x10000 / static_cast<INT_PTR>(sizeof(TYPE)));
+    if (m_nSize > nCount || nCount == 0)
+        SetSize(nCount, -1);
+    INT_PTR nDone = 0;
+    while (nDone < nCount) {
+        const INT_PTR nBatch = std::min(nCount - nDone, std::max(nDone, nFirstBatch));
+        if (m_nSize < nDone + nBatch)
+            SetSize(nDone + nBatch, -1);
+        loadBatch(m_pData + nDone, nBatch);
+        nDone += nBatch;
+    }
 }
 
 template <class TYPE, class ARG_TYPE>
