@@ -183,9 +183,14 @@ public:
     // Clean-up when the loop ends; returns the thread's exit code (the
     // WM_QUIT code).
     virtual int ExitInstance();
-    // Handles a framework exception thrown out of a window procedure: shows
-    // its message through AfxMessageBox (not for CUserException) and answers
-    // -1 to WM_CREATE, 0 otherwise. The caller deletes the exception.
+    // Handles an exception thrown out of a window procedure: shows its
+    // message through AfxMessageBox (not for CUserException) and answers -1
+    // to WM_CREATE, 0 otherwise. The caller deletes the exception. The window
+    // procedure hands over every exception that escapes a handler, so that
+    // none unwinds through the system's frames: framework exceptions as they
+    // are, std::bad_alloc as a CMemoryException, any other C++ exception as a
+    // CException whose message is its what() (or "Internal application
+    // error." for one that is not a std::exception).
     virtual LRESULT ProcessWndProcException(CException* e, const MSG* pMsg);
     // Deletes the object if m_bAutoDelete is set.
     virtual void Delete();

@@ -20,7 +20,8 @@
 // one by one (the nBlockSize argument is accepted and ignored), so a
 // reference from operator[] stays valid until its key is removed. Iteration
 // with GetStartPosition/GetNextAssoc visits every pair exactly once in
-// bucket order, provided the map is not changed meanwhile.
+// bucket order, provided the map is not changed meanwhile. Running out of
+// memory throws CMemoryException* (never std::bad_alloc).
 #pragma once
 
 #include "afxplatform.h"
@@ -29,6 +30,8 @@
 #include "afxarchive.h"
 #include "afxstr.h"
 #include "afxtempl.h"
+
+#include <new>
 
 // An array of BYTE.
 class AFX_API CByteArray : public CArray<BYTE, BYTE>
@@ -131,8 +134,10 @@ public:
         if (CAssoc* pAssoc = find(key, nHash))
             return pAssoc->value;
         if (m_pHashTable == NULL)
-            allocTable(m_nHashTableSize);
-        CAssoc* pAssoc = new CAssoc{NULL, nHash, KEY(key), VALUE()};
+            m_pHashTable = newTable(m_nHashTableSize);
+        CAssoc* pAssoc = new (std::nothrow) CAssoc{NULL, nHash, KEY(key), VALUE()};
+        if (pAssoc == NULL)
+            AfxThrowMemoryException();
         link(pAssoc);
         ++m_nCount;
         return pAssoc->value;
@@ -198,12 +203,12 @@ public:
     {
         if (hashSize == 0)
             AfxThrowInvalidArgException();
+        // The new buckets first: running out of memory leaves the map as it was.
+        CAssoc** pNew = bAllocNow || m_pHashTable != NULL ? newTable(hashSize) : NULL;
         CAssoc** pOld = m_pHashTable;
         const UINT nOldSize = m_nHashTableSize;
-        m_pHashTable = NULL;
+        m_pHashTable = pNew;
         m_nHashTableSize = hashSize;
-        if (bAllocNow || pOld != NULL)
-            allocTable(hashSize);
         if (pOld == NULL)
             return;
         for (UINT i = 0; i < nOldSize; ++i) {
@@ -256,7 +261,13 @@ private:
         }
         return NULL;
     }
-    void allocTable(UINT hashSize) { m_pHashTable = new CAssoc*[hashSize](); }
+    static CAssoc** newTable(UINT hashSize)
+    {
+        CAssoc** pTable = new (std::nothrow) CAssoc*[hashSize]();
+        if (pTable == NULL)
+            AfxThrowMemoryException();
+        return pTable;
+    }
     void link(CAssoc* pAssoc) noexcept
     {
         CAssoc*& head = m_pHashTable[pAssoc->nHashValue % m_nHashTableSize];

@@ -5,7 +5,10 @@
 // their move may throw) into the new buffer, never copied as raw bytes, so
 // any C++ type with a default constructor and assignment may be an element.
 // Every bad index or count throws CInvalidArgException* through
-// AfxThrowInvalidArgException().
+// AfxThrowInvalidArgException(). Running out of memory, or a size or growth
+// beyond what the address space can hold, throws CMemoryException* (never
+// std::bad_alloc); what an element's own constructor or assignment throws
+// passes through unchanged.
 //
 // Serialization follows the framework: Serialize writes the element count,
 // then SerializeElements<TYPE> writes the elements. Loading checks the count
@@ -225,7 +228,12 @@ void CArray<TYPE, ARG_TYPE>::releaseAll() noexcept
 template <class TYPE, class ARG_TYPE>
 void CArray<TYPE, ARG_TYPE>::reallocate(INT_PTR nNewMax)
 {
-    TYPE* pNew = std::allocator<TYPE>().allocate(static_cast<std::size_t>(nNewMax));
+    TYPE* pNew = NULL;
+    try {
+        pNew = std::allocator<TYPE>().allocate(static_cast<std::size_t>(nNewMax));
+    } catch (const std::bad_alloc&) {
+        AfxThrowMemoryException();
+    }
     try {
         if constexpr (std::is_nothrow_move_constructible_v<TYPE> || !std::is_copy_constructible_v<TYPE>)
             std::uninitialized_move_n(m_pData, m_nSize, pNew);
@@ -246,8 +254,10 @@ void CArray<TYPE, ARG_TYPE>::reallocate(INT_PTR nNewMax)
 template <class TYPE, class ARG_TYPE>
 void CArray<TYPE, ARG_TYPE>::SetSize(INT_PTR nNewSize, INT_PTR nGrowBy)
 {
-    if (nNewSize < 0 || nNewSize > maxElements())
+    if (nNewSize < 0)
         AfxThrowInvalidArgException();
+    if (nNewSize > maxElements())
+        AfxThrowMemoryException();
     if (nGrowBy >= 0)
         m_nGrowBy = nGrowBy;
 
@@ -285,8 +295,10 @@ void CArray<TYPE, ARG_TYPE>::FreeExtra()
 template <class TYPE, class ARG_TYPE>
 void CArray<TYPE, ARG_TYPE>::SetAtGrow(INT_PTR nIndex, ARG_TYPE newElement)
 {
-    if (nIndex < 0 || nIndex >= maxElements())
+    if (nIndex < 0)
         AfxThrowInvalidArgException();
+    if (nIndex >= maxElements())
+        AfxThrowMemoryException();
     if (nIndex < m_nSize) {
         m_pData[nIndex] = newElement;
     } else if (nIndex < m_nMaxSize) {
@@ -326,8 +338,10 @@ void CArray<TYPE, ARG_TYPE>::Copy(const CArray& src)
 template <class TYPE, class ARG_TYPE>
 void CArray<TYPE, ARG_TYPE>::openGap(INT_PTR nIndex, INT_PTR nCount)
 {
-    if (nIndex < 0 || nCount <= 0 || nCount > maxElements() - std::max(nIndex, m_nSize))
+    if (nIndex < 0 || nCount <= 0)
         AfxThrowInvalidArgException();
+    if (nCount > maxElements() - std::max(nIndex, m_nSize))
+        AfxThrowMemoryException();
     if (nIndex >= m_nSize) {
         SetSize(nIndex + nCount, -1);
         return;

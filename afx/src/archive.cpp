@@ -5,6 +5,7 @@
 #include <bit>
 #include <cstring>
 #include <limits>
+#include <new>
 #include <string>
 
 static_assert(std::endian::native == std::endian::little,
@@ -95,7 +96,11 @@ void ReadBytes(CArchive& ar, std::string& text, ULONGLONG nBytes)
     while (nBytes > 0) {
         const UINT nPiece = static_cast<UINT>(std::min<ULONGLONG>(nBytes, kStringChunk));
         const std::size_t nOld = text.size();
-        text.resize(nOld + nPiece);
+        try {
+            text.resize(nOld + nPiece);
+        } catch (const std::bad_alloc&) {
+            AfxThrowMemoryException();
+        }
         ar.EnsureRead(text.data() + nOld, nPiece);
         nBytes -= nPiece;
     }

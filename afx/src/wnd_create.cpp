@@ -52,7 +52,13 @@ LRESULT CALLBACK CbtFilterHook(int code, WPARAM wParam, LPARAM lParam)
             CWnd* pWnd = state.pWndInit;
             state.pWndInit = nullptr;
             pWnd->Attach(hWnd);
-            AfxWndAccess::PreSubclass(pWnd);
+            try {
+                AfxWndAccess::PreSubclass(pWnd);
+            } catch (...) {
+                // CreateWindowEx called us: nothing may unwind through it.
+                const MSG msg = {hWnd, WM_NULL, 0, 0, 0, {}};
+                AfxProcessEscapedException(&msg);
+            }
             WNDPROC* pOldWndProc = pWnd->GetSuperWndProcAddr();
             const auto oldWndProc = reinterpret_cast<WNDPROC>(
                 ::SetWindowLongPtrA(hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&AfxWndProc)));

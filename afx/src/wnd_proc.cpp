@@ -3,6 +3,75 @@
 // OnWndMsg.
 #include "wnd_state.h"
 
+#include <exception>
+#include <new>
+
+namespace {
+
+// A C++ exception that is not a framework one, as the framework exception
+// that ProcessWndProcException takes: its message is the exception's what(),
+// or a fixed text for something that is not a std::exception. It lives on
+// the stack of the handler that made it, so Delete() leaves it alone.
+class CEscapedException : public CException
+{
+public:
+    explicit CEscapedException(const char* lpszWhat) : CException(FALSE)
+    {
+        ::lstrcpynA(m_szText, lpszWhat != nullptr && *lpszWhat != '\0' ? lpszWhat : kUnknown, sizeof m_szText);
+    }
+
+    BOOL GetErrorMessage(LPTSTR lpszError, UINT nMaxError, PUINT pnHelpContext = NULL) const override
+    {
+        if (pnHelpContext != nullptr)
+            *pnHelpContext = 0;
+        if (lpszError != nullptr && nMaxError > 0)
+            ::lstrcpynA(lpszError, m_szText, static_cast<int>(nMaxError));
+        return TRUE;
+    }
+
+private:
+    static constexpr char kUnknown[] = "Internal application error.";
+    // A fixed buffer: making this exception must not need memory.
+    char m_szText[256];
+};
+
+// The thread's ProcessWndProcException for e, or its default answer when
+// there is no thread object or it throws itself.
+LRESULT ProcessException(CException* e, const MSG* pMsg) noexcept
+{
+    const LRESULT lFallback = pMsg != nullptr && pMsg->message == WM_CREATE ? -1 : 0;
+    try {
+        CWinThread* pThread = AfxGetThread();
+        return pThread != nullptr ? pThread->ProcessWndProcException(e, pMsg) : lFallback;
+    } catch (CException* eAgain) {
+        eAgain->Delete();
+    } catch (...) {
+    }
+    return lFallback;
+}
+
+}  // namespace
+
+LRESULT AfxProcessEscapedException(const MSG* pMsg) noexcept
+{
+    try {
+        throw;
+    } catch (CException* e) {
+        const LRESULT lResult = ProcessException(e, pMsg);
+        e->Delete();
+        return lResult;
+    } catch (const std::bad_alloc&) {
+        CMemoryException memory(FALSE);
+        return ProcessException(&memory, pMsg);
+    } catch (const std::exception& x) {
+        CEscapedException escaped(x.what());
+        return ProcessException(&escaped, pMsg);
+    } catch (...) {
+        CEscapedException escaped(nullptr);
+        return ProcessException(&escaped, pMsg);
+    }
+}
+
 LRESULT AfxCallWndProc(CWnd* pWnd, HWND hWnd, UINT nMsg, WPARAM wParam, LPARAM lParam)
 {
     AfxWndThreadState& state = AfxGetWndThreadState();
@@ -15,14 +84,11 @@ LRESULT AfxCallWndProc(CWnd* pWnd, HWND hWnd, UINT nMsg, WPARAM wParam, LPARAM l
     LRESULT lResult = 0;
     try {
         lResult = pWnd->WindowProc(nMsg, wParam, lParam);
-    } catch (CException* e) {
-        // A framework exception must not unwind through the system's frames.
-        CWinThread* pThread = AfxGetThread();
-        if (pThread != nullptr)
-            lResult = pThread->ProcessWndProcException(e, &state.lastSentMsg);
-        else
-            lResult = nMsg == WM_CREATE ? -1 : 0;
-        e->Delete();
+    } catch (...) {
+        // Nothing may unwind through the system's frames that called us: on
+        // x64 that ends the process or leaves the system's state broken.
+        const MSG current = state.lastSentMsg;
+        lResult = AfxProcessEscapedException(&current);
     }
     state.lastSentMsg = previous;
     return lResult;

@@ -58,8 +58,17 @@ struct AfxWndThreadState
 AfxWndThreadState& AfxGetWndThreadState();
 
 // Hands a message to the object of hWnd, the window being pWnd's, through
-// its WindowProc; a framework exception that escapes a handler stops here.
+// its WindowProc; whatever escapes a handler stops here and goes to
+// AfxProcessEscapedException.
 LRESULT AfxCallWndProc(CWnd* pWnd, HWND hWnd, UINT nMsg, WPARAM wParam, LPARAM lParam);
+
+// Called inside a catch block where the system called into the framework:
+// hands the exception in flight to the thread's ProcessWndProcException
+// (framework exceptions as they are, std::bad_alloc as a CMemoryException,
+// anything else as a CException whose message is what() or "Internal
+// application error."), deletes it, and returns the result for pMsg.
+// Never throws.
+LRESULT AfxProcessEscapedException(const MSG* pMsg) noexcept;
 
 // Hands a message to a child window's object (reflection); FALSE if the
 // child has no permanent object or does not take it.
