@@ -19,6 +19,11 @@
 // SetRegistryKey makes m_pszProfileName the application's name; otherwise
 // in the INI file m_pszProfileName (default "<exe name>.INI", which Windows
 // places in the Windows directory), through the private profile functions.
+// INI writes go straight to WritePrivateProfileStringA, not through a
+// temporary file that replaces the profile (CAtomicFile): the system
+// serialises writers of one profile, caches it and may map it to the
+// registry (IniFileMapping), and a copy replaced behind its back would lose
+// the concurrent writes of other processes.
 #pragma once
 
 #include "afx.h"

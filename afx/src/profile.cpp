@@ -1,5 +1,6 @@
 // The application profile: registry below the application's key, or an INI
-// file through the private profile functions.
+// file through the private profile functions (written in place; see
+// afxapp.h for why not through a temporary file).
 #include "afxwin.h"
 
 #include <cstring>

@@ -4,6 +4,9 @@
 #include "settings.h"
 #include "settings_text.h"
 
+#include "afxfile.h"
+
+#include <algorithm>
 #include <cstdio>
 #include <memory>
 #include <string>
@@ -48,14 +51,23 @@ bool ReadFile(const char* path, std::unique_ptr<char[]>& data, size_t& length)
     return ok;
 }
 
+// Writes the file through a temporary one that replaces it only when
+// complete: a failed export leaves the old file as it was.
 bool WriteFile(const char* path, const std::string& data)
 {
-    FILE* f = std::fopen(path, "wb");
-    if (!f)
+    constexpr size_t kPiece = 1u << 30;
+    CAtomicFile file;
+    if (!file.Open(path, CFile::typeBinary))
         return false;
-    bool ok = std::fwrite(data.data(), 1, data.size(), f) == data.size();
-    ok = std::fclose(f) == 0 && ok;
-    return ok;
+    try {
+        for (size_t at = 0; at < data.size(); at += kPiece)
+            file.Write(data.data() + at, UINT(std::min(kPiece, data.size() - at)));
+        file.Close();
+    } catch (CException* e) {
+        e->Delete();
+        return false;
+    }
+    return true;
 }
 
 }  // namespace
