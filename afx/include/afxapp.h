@@ -275,7 +275,9 @@ public:
     // *ppData NULL and *pBytes 0, if there is none.
     BOOL GetProfileBinary(LPCTSTR lpszSection, LPCTSTR lpszEntry, LPBYTE* ppData, UINT* pBytes);
     // Writes bytes: REG_BINARY in the registry; in an INI file two letters
-    // 'A'..'P' per byte, low half first, as the framework writes them.
+    // 'A'..'P' per byte, low half first, as the framework writes them. More
+    // than INT_MAX / 2 bytes do not fit a text: the INI write returns FALSE
+    // and writes nothing.
     BOOL WriteProfileBinary(LPCTSTR lpszSection, LPCTSTR lpszEntry, LPBYTE pData, UINT nBytes);
 
     // Shows a message box for AfxMessageBox: the application's name as

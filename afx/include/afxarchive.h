@@ -85,7 +85,8 @@ public:
     // Writes a text without terminator or line end.
     void WriteString(LPCTSTR lpsz);
     // Reads one line into rString without its "\n" or "\r\n"; FALSE at the
-    // end of the file when nothing was read.
+    // end of the file when nothing was read. A line longer than a CString
+    // holds (INT_MAX characters) throws CMemoryException.
     BOOL ReadString(CString& rString);
     // Reads one line, at most nMax - 1 characters, into lpsz without its line
     // end; NULL at the end of the file when nothing was read.

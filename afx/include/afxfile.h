@@ -186,7 +186,9 @@ public:
     // Reads up to nMax - 1 characters, stopping after a line end, which is
     // kept as "\n" (text mode); NULL at the end of the file.
     virtual LPTSTR ReadString(LPTSTR lpsz, UINT nMax);
-    // Reads one line without its "\n"; FALSE at the end of the file.
+    // Reads one line without its "\n"; FALSE at the end of the file. A line
+    // longer than a CString holds (INT_MAX characters) throws
+    // CMemoryException, leaving the position inside that line.
     virtual BOOL ReadString(CString& rString);
 
     UINT Read(void* lpBuf, UINT nCount) override;

@@ -264,7 +264,14 @@ BOOL CArchive::ReadString(CString& rString)
         bAny = true;
         if (ch == '\n')
             break;
-        line += ch;
+        // A line that no CString can hold is refused before it costs more.
+        if (line.size() >= static_cast<std::size_t>(std::numeric_limits<int>::max()))
+            AfxThrowMemoryException();
+        try {
+            line += ch;
+        } catch (const std::bad_alloc&) {
+            AfxThrowMemoryException();
+        }
     }
     if (!line.empty() && line.back() == '\r')
         line.pop_back();
