@@ -57,12 +57,16 @@ if(TW_WINDOWS)
                                   WORLD_READ WORLD_EXECUTE)
   set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_BINARY_DIR}/winerun)
 else()
-  set(TW_SANITIZE_FLAGS -fsanitize=address,undefined -fno-sanitize-recover=undefined
-                        -fno-omit-frame-pointer)
+  # float-cast-overflow is not part of GCC's "undefined" (clang's has it).
+  set(TW_SANITIZE_FLAGS -fsanitize=address,undefined,float-cast-overflow
+                        -fno-sanitize-recover=undefined,float-cast-overflow -fno-omit-frame-pointer)
   option(TW_SANITIZE "Build the native units with ASan and UBSan" ON)
   option(TW_FUZZ "Build the libFuzzer targets (clang)" OFF)
   if(TW_FUZZ)
-    add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-omit-frame-pointer)
+    # Undefined behaviour stops the run, as a crash does, instead of a
+    # report in the log that the run would survive.
+    add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=undefined
+                        -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
   elseif(TW_SANITIZE)
     add_compile_options(${TW_SANITIZE_FLAGS})

@@ -19,6 +19,11 @@
 // SetRegistryKey makes m_pszProfileName the application's name; otherwise
 // in the INI file m_pszProfileName (default "<exe name>.INI", which Windows
 // places in the Windows directory), through the private profile functions.
+// INI writes go straight to WritePrivateProfileStringA, not through a
+// temporary file that replaces the profile (CAtomicFile): the system
+// serialises writers of one profile, caches it and may map it to the
+// registry (IniFileMapping), and a copy replaced behind its back would lose
+// the concurrent writes of other processes.
 #pragma once
 
 #include "afx.h"
@@ -183,9 +188,14 @@ public:
     // Clean-up when the loop ends; returns the thread's exit code (the
     // WM_QUIT code).
     virtual int ExitInstance();
-    // Handles a framework exception thrown out of a window procedure: shows
-    // its message through AfxMessageBox (not for CUserException) and answers
-    // -1 to WM_CREATE, 0 otherwise. The caller deletes the exception.
+    // Handles an exception thrown out of a window procedure: shows its
+    // message through AfxMessageBox (not for CUserException) and answers -1
+    // to WM_CREATE, 0 otherwise. The caller deletes the exception. The window
+    // procedure hands over every exception that escapes a handler, so that
+    // none unwinds through the system's frames: framework exceptions as they
+    // are, std::bad_alloc as a CMemoryException, any other C++ exception as a
+    // CException whose message is its what() (or "Internal application
+    // error." for one that is not a std::exception).
     virtual LRESULT ProcessWndProcException(CException* e, const MSG* pMsg);
     // Deletes the object if m_bAutoDelete is set.
     virtual void Delete();
@@ -265,7 +275,9 @@ public:
     // *ppData NULL and *pBytes 0, if there is none.
     BOOL GetProfileBinary(LPCTSTR lpszSection, LPCTSTR lpszEntry, LPBYTE* ppData, UINT* pBytes);
     // Writes bytes: REG_BINARY in the registry; in an INI file two letters
-    // 'A'..'P' per byte, low half first, as the framework writes them.
+    // 'A'..'P' per byte, low half first, as the framework writes them. More
+    // than INT_MAX / 2 bytes do not fit a text: the INI write returns FALSE
+    // and writes nothing.
     BOOL WriteProfileBinary(LPCTSTR lpszSection, LPCTSTR lpszEntry, LPBYTE pData, UINT nBytes);
 
     // Shows a message box for AfxMessageBox: the application's name as

@@ -23,6 +23,18 @@
 // A loading archive reads ahead in its buffer; Close gives unread bytes back
 // to the file by seeking back, so the file position is just after the data
 // that was read.
+//
+// Hostile input: a count or length read from the archive is checked against
+// the bytes the archive can still read (those in its buffer plus the file's
+// GetLength() - GetPosition()) before anything is allocated for it, so a
+// corrupt or hostile count throws CArchiveException endOfFile instead of
+// allocating what it claims. Where the file cannot tell its length or
+// position (GetLength or GetPosition throw, as for a pipe or a socket), the
+// check passes and the loaders grow as elements arrive instead: memory then
+// follows the data actually read, and the end of the data throws endOfFile.
+// Objects nested deeper than kMaxLoadDepth (an object whose Serialize reads
+// an object whose Serialize reads ...) throw badIndex, so loading never
+// recurses without bound.
 #pragma once
 
 #include "afxplatform.h"
@@ -45,6 +57,9 @@ public:
         load = 1,
         bNoFlushOnDelete = 2
     };
+
+    // How many objects ReadObject may load inside each other.
+    static constexpr UINT kMaxLoadDepth = 1000;
 
     // An archive on pFile, which must stay open while the archive lives.
     // nBufSize bytes of lpBuf serve as the buffer if lpBuf is given; else the
@@ -70,21 +85,29 @@ public:
     // Writes a text without terminator or line end.
     void WriteString(LPCTSTR lpsz);
     // Reads one line into rString without its "\n" or "\r\n"; FALSE at the
-    // end of the file when nothing was read.
+    // end of the file when nothing was read. A line longer than a CString
+    // holds (INT_MAX characters) throws CMemoryException.
     BOOL ReadString(CString& rString);
     // Reads one line, at most nMax - 1 characters, into lpsz without its line
     // end; NULL at the end of the file when nothing was read.
     LPTSTR ReadString(LPTSTR lpsz, UINT nMax);
 
     void WriteCount(DWORD_PTR dwCount);
+    // Reads a count; throws endOfFile if it exceeds the bytes the archive
+    // can still read, since every counted element takes at least one.
     DWORD_PTR ReadCount();
+    // Not in the framework: throws endOfFile if nCount elements of at least
+    // nMinBytes bytes each cannot fit in what the loading archive can still
+    // read; checks nothing where the file cannot tell (see the header
+    // comment).
+    void CheckCount(ULONGLONG nCount, ULONGLONG nMinBytes);
 
     // Writes an object (or NULL) with its class; see the header comment.
     void WriteObject(const CObject* pOb);
     // Reads an object written by WriteObject; throws badClass if it is not
     // of pClassRef (NULL accepts any class) or its class is not registered,
     // badSchema if its schema differs from the class's, badIndex for an
-    // unknown back reference.
+    // unknown back reference or nesting deeper than kMaxLoadDepth.
     CObject* ReadObject(const CRuntimeClass* pClassRef);
     // Schema of the object being loaded, valid inside its Serialize.
     UINT GetObjectSchema();
@@ -162,8 +185,12 @@ private:
 
     void WriteTag(DWORD nIndex, bool bIsClass);
     const LoadEntry& LoadedEntry(DWORD nIndex) const;
+    // The bytes a loading archive can still read; false where the file
+    // cannot tell.
+    bool BytesLeft(ULONGLONG& nLeft) const;
 
     DWORD m_nMapCount;
+    UINT m_nLoadDepth;
     std::unordered_map<const void*, DWORD> m_storeMap;
     std::vector<LoadEntry> m_loadArray;
 };

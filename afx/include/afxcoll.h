@@ -8,7 +8,11 @@
 //   and the raw little-endian elements; CStringArray as the count and each
 //   string in the archive's CString format; CObArray as the count and each
 //   object in the persistent object format; CPtrArray holds addresses, which
-//   mean nothing in a file, so its Serialize writes nothing.
+//   mean nothing in a file, so its Serialize writes nothing. Loading checks
+//   the count against what the archive can still hold before anything is
+//   allocated (CArchive::CheckCount), taking the least each element needs:
+//   its size for the raw arrays, one byte for a string, two for an object
+//   tag, two for a map's key and value.
 //
 // Maps: chained hash tables. A table has GetHashTableSize() buckets (17
 // unless InitHashTable says otherwise) and never resizes by itself; the
@@ -16,7 +20,8 @@
 // one by one (the nBlockSize argument is accepted and ignored), so a
 // reference from operator[] stays valid until its key is removed. Iteration
 // with GetStartPosition/GetNextAssoc visits every pair exactly once in
-// bucket order, provided the map is not changed meanwhile.
+// bucket order, provided the map is not changed meanwhile. Running out of
+// memory throws CMemoryException* (never std::bad_alloc).
 #pragma once
 
 #include "afxplatform.h"
@@ -26,22 +31,33 @@
 #include "afxstr.h"
 #include "afxtempl.h"
 
+#include <new>
+
 // An array of BYTE.
 class AFX_API CByteArray : public CArray<BYTE, BYTE>
 {
     DECLARE_SERIAL(CByteArray)
+
+public:
+    void Serialize(CArchive& ar) override;
 };
 
 // An array of WORD.
 class AFX_API CWordArray : public CArray<WORD, WORD>
 {
     DECLARE_SERIAL(CWordArray)
+
+public:
+    void Serialize(CArchive& ar) override;
 };
 
 // An array of DWORD.
 class AFX_API CDWordArray : public CArray<DWORD, DWORD>
 {
     DECLARE_SERIAL(CDWordArray)
+
+public:
+    void Serialize(CArchive& ar) override;
 };
 
 // An array of UINT.
@@ -118,8 +134,10 @@ public:
         if (CAssoc* pAssoc = find(key, nHash))
             return pAssoc->value;
         if (m_pHashTable == NULL)
-            allocTable(m_nHashTableSize);
-        CAssoc* pAssoc = new CAssoc{NULL, nHash, KEY(key), VALUE()};
+            m_pHashTable = newTable(m_nHashTableSize);
+        CAssoc* pAssoc = new (std::nothrow) CAssoc{NULL, nHash, KEY(key), VALUE()};
+        if (pAssoc == NULL)
+            AfxThrowMemoryException();
         link(pAssoc);
         ++m_nCount;
         return pAssoc->value;
@@ -185,12 +203,12 @@ public:
     {
         if (hashSize == 0)
             AfxThrowInvalidArgException();
+        // The new buckets first: running out of memory leaves the map as it was.
+        CAssoc** pNew = bAllocNow || m_pHashTable != NULL ? newTable(hashSize) : NULL;
         CAssoc** pOld = m_pHashTable;
         const UINT nOldSize = m_nHashTableSize;
-        m_pHashTable = NULL;
+        m_pHashTable = pNew;
         m_nHashTableSize = hashSize;
-        if (bAllocNow || pOld != NULL)
-            allocTable(hashSize);
         if (pOld == NULL)
             return;
         for (UINT i = 0; i < nOldSize; ++i) {
@@ -243,7 +261,13 @@ private:
         }
         return NULL;
     }
-    void allocTable(UINT hashSize) { m_pHashTable = new CAssoc*[hashSize](); }
+    static CAssoc** newTable(UINT hashSize)
+    {
+        CAssoc** pTable = new (std::nothrow) CAssoc*[hashSize]();
+        if (pTable == NULL)
+            AfxThrowMemoryException();
+        return pTable;
+    }
     void link(CAssoc* pAssoc) noexcept
     {
         CAssoc*& head = m_pHashTable[pAssoc->nHashValue % m_nHashTableSize];

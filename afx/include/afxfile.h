@@ -1,5 +1,6 @@
-// Unbuffered binary files (CFile), buffered text files (CStdioFile) and
-// growable memory streams (CMemFile).
+// Unbuffered binary files (CFile), buffered text files (CStdioFile),
+// growable memory streams (CMemFile) and files that replace their target
+// only when complete (CAtomicFile).
 //
 // Every failure throws a CFileException* carrying the operating system's
 // error code, except Open, which reports through its pError argument.
@@ -185,7 +186,9 @@ public:
     // Reads up to nMax - 1 characters, stopping after a line end, which is
     // kept as "\n" (text mode); NULL at the end of the file.
     virtual LPTSTR ReadString(LPTSTR lpsz, UINT nMax);
-    // Reads one line without its "\n"; FALSE at the end of the file.
+    // Reads one line without its "\n"; FALSE at the end of the file. A line
+    // longer than a CString holds (INT_MAX characters) throws
+    // CMemoryException, leaving the position inside that line.
     virtual BOOL ReadString(CString& rString);
 
     UINT Read(void* lpBuf, UINT nCount) override;
@@ -212,4 +215,46 @@ private:
     UINT m_nBufPos;
     UINT m_nBufEnd;
     char m_buffer[kBufferSize];
+};
+
+// Not in the framework: a file that is written under a temporary name in
+// its target's folder and takes the target's place only when complete.
+// Every file the libraries write as a whole goes through it.
+//
+// Close() flushes the data to disk and then replaces the target in one step
+// that either happens or changes nothing: MoveFileExA with
+// MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH in the Windows build
+// (the replacement takes over the target's hidden, system and archive
+// attributes), rename(2) natively (it takes over the target's permission
+// bits). ReplaceFileA is not used: without a backup name it can lose the
+// target when it fails half-way. A failure anywhere (a write error such as a full disk, a
+// target that is read-only or held open by another program, an exception
+// after which the caller calls Abort() or just destroys the object) leaves
+// the target exactly as it was, and no temporary file behind. A read-only
+// target is refused (accessDenied) in both builds, although rename(2) alone
+// would replace it. Files written by appending (logs) do not use it.
+class AFX_API CAtomicFile : public CStdioFile
+{
+    DECLARE_DYNAMIC(CAtomicFile)
+
+public:
+    CAtomicFile();
+    // Removes the temporary file unless Close replaced the target.
+    ~CAtomicFile() override;
+
+    // Creates a new temporary file beside lpszFileName and opens it for
+    // writing; of nOpenFlags only typeText and typeBinary count. On failure
+    // returns FALSE and fills *pError if given. Error messages of later calls
+    // name the target, which GetFilePath returns.
+    BOOL Open(LPCTSTR lpszFileName, UINT nOpenFlags, CFileException* pError = NULL) override;
+    // Flushes and closes the file and puts it in the target's place; throws
+    // CFileException on failure, after which the target is unchanged and the
+    // temporary file gone.
+    void Close() override;
+    // Closes and removes the temporary file; the target is unchanged. Never
+    // throws.
+    void Abort() override;
+
+private:
+    CString m_strTemp;
 };

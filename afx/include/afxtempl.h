@@ -5,13 +5,22 @@
 // their move may throw) into the new buffer, never copied as raw bytes, so
 // any C++ type with a default constructor and assignment may be an element.
 // Every bad index or count throws CInvalidArgException* through
-// AfxThrowInvalidArgException().
+// AfxThrowInvalidArgException(). Running out of memory, or a size or growth
+// beyond what the address space can hold, throws CMemoryException* (never
+// std::bad_alloc); what an element's own constructor or assignment throws
+// passes through unchanged.
 //
 // Serialization follows the framework: Serialize writes the element count,
-// then SerializeElements<TYPE> writes the elements. The default
-// SerializeElements stores each element's raw memory image, which is right
-// for plain values (numbers, POINT, RECT, structs of those). A user may
-// specialise it for a type, as in
+// then SerializeElements<TYPE> writes the elements. Loading checks the count
+// against the bytes the archive can still read (CArchive::CheckCount, one
+// byte an element at least, since a specialised SerializeElements may store
+// less than sizeof(TYPE)), throws CArchiveException badIndex for a count no
+// array can hold, and grows the array in batches that double as elements
+// arrive, so SerializeElements is called once per batch and memory follows
+// the data actually read even where the archive cannot check the count.
+// The default SerializeElements stores each element's raw memory image,
+// which is right for plain values (numbers, POINT, RECT, structs of those).
+// A user may specialise it for a type, as in
 //     template<> void AFXAPI SerializeElements<CColor>(CArchive& ar, CColor* p, INT_PTR n);
 // declared before the first use of CArray<CColor>::Serialize.
 //
@@ -175,6 +184,16 @@ protected:
     INT_PTR m_nMaxSize;
     INT_PTR m_nGrowBy;
 
+    // Serialize for elements that take at least nMinBytes bytes each in an
+    // archive.
+    void SerializeCounted(CArchive& ar, ULONGLONG nMinBytes);
+    // Loading part of the collections' Serialize: reads and checks the count
+    // (elements of at least nMinBytes bytes each) and makes the array that
+    // long in batches that double, calling loadBatch(pFirst, nCount) for
+    // each new stretch of elements.
+    template <class LoadBatch>
+    void LoadCounted(CArchive& ar, ULONGLONG nMinBytes, LoadBatch loadBatch);
+
 private:
     static constexpr INT_PTR maxElements()
     {
@@ -209,7 +228,12 @@ void CArray<TYPE, ARG_TYPE>::releaseAll() noexcept
 template <class TYPE, class ARG_TYPE>
 void CArray<TYPE, ARG_TYPE>::reallocate(INT_PTR nNewMax)
 {
-    TYPE* pNew = std::allocator<TYPE>().allocate(static_cast<std::size_t>(nNewMax));
+    TYPE* pNew = NULL;
+    try {
+        pNew = std::allocator<TYPE>().allocate(static_cast<std::size_t>(nNewMax));
+    } catch (const std::bad_alloc&) {
+        AfxThrowMemoryException();
+    }
     try {
         if constexpr (std::is_nothrow_move_constructible_v<TYPE> || !std::is_copy_constructible_v<TYPE>)
             std::uninitialized_move_n(m_pData, m_nSize, pNew);
@@ -230,8 +254,10 @@ void CArray<TYPE, ARG_TYPE>::reallocate(INT_PTR nNewMax)
 template <class TYPE, class ARG_TYPE>
 void CArray<TYPE, ARG_TYPE>::SetSize(INT_PTR nNewSize, INT_PTR nGrowBy)
 {
-    if (nNewSize < 0 || nNewSize > maxElements())
+    if (nNewSize < 0)
         AfxThrowInvalidArgException();
+    if (nNewSize > maxElements())
+        AfxThrowMemoryException();
     if (nGrowBy >= 0)
         m_nGrowBy = nGrowBy;
 
@@ -269,8 +295,10 @@ void CArray<TYPE, ARG_TYPE>::FreeExtra()
 template <class TYPE, class ARG_TYPE>
 void CArray<TYPE, ARG_TYPE>::SetAtGrow(INT_PTR nIndex, ARG_TYPE newElement)
 {
-    if (nIndex < 0 || nIndex >= maxElements())
+    if (nIndex < 0)
         AfxThrowInvalidArgException();
+    if (nIndex >= maxElements())
+        AfxThrowMemoryException();
     if (nIndex < m_nSize) {
         m_pData[nIndex] = newElement;
     } else if (nIndex < m_nMaxSize) {
@@ -310,8 +338,10 @@ void CArray<TYPE, ARG_TYPE>::Copy(const CArray& src)
 template <class TYPE, class ARG_TYPE>
 void CArray<TYPE, ARG_TYPE>::openGap(INT_PTR nIndex, INT_PTR nCount)
 {
-    if (nIndex < 0 || nCount <= 0 || nCount > maxElements() - std::max(nIndex, m_nSize))
+    if (nIndex < 0 || nCount <= 0)
         AfxThrowInvalidArgException();
+    if (nCount > maxElements() - std::max(nIndex, m_nSize))
+        AfxThrowMemoryException();
     if (nIndex >= m_nSize) {
         SetSize(nIndex + nCount, -1);
         return;
@@ -367,16 +397,42 @@ void CArray<TYPE, ARG_TYPE>::RemoveAt(INT_PTR nIndex, INT_PTR nCount)
 template <class TYPE, class ARG_TYPE>
 void CArray<TYPE, ARG_TYPE>::Serialize(CArchive& ar)
 {
+    SerializeCounted(ar, 1);
+}
+
+template <class TYPE, class ARG_TYPE>
+void CArray<TYPE, ARG_TYPE>::SerializeCounted(CArchive& ar, ULONGLONG nMinBytes)
+{
     CObject::Serialize(ar);
     if (ar.IsStoring()) {
         ar.WriteCount(static_cast<DWORD_PTR>(m_nSize));
-    } else {
-        const DWORD_PTR nCount = ar.ReadCount();
-        if (nCount > static_cast<DWORD_PTR>(maxElements()))
-            AfxThrowArchiveException(CArchiveException::genericException);
-        SetSize(static_cast<INT_PTR>(nCount), -1);
+        SerializeElements<TYPE>(ar, m_pData, m_nSize);
+        return;
     }
-    SerializeElements<TYPE>(ar, m_pData, m_nSize);
+    LoadCounted(ar, nMinBytes, [&ar](TYPE* pFirst, INT_PTR nCount) { SerializeElements<TYPE>(ar, pFirst, nCount); });
+}
+
+template <class TYPE, class ARG_TYPE>
+template <class LoadBatch>
+void CArray<TYPE, ARG_TYPE>::LoadCounted(CArchive& ar, ULONGLONG nMinBytes, LoadBatch loadBatch)
+{
+    const DWORD_PTR nRead = ar.ReadCount();
+    if (nRead > static_cast<DWORD_PTR>(maxElements()))
+        AfxThrowArchiveException(CArchiveException::badIndex,
+                                 ar.GetFile() != NULL ? ar.GetFile()->GetFilePath() : CString());
+    ar.CheckCount(nRead, nMinBytes);
+    const INT_PTR nCount = static_cast<INT_PTR>(nRead);
+    constexpr INT_PTR nFirstBatch = std::max<INT_PTR>(1, 0x10000 / static_cast<INT_PTR>(sizeof(TYPE)));
+    if (m_nSize > nCount || nCount == 0)
+        SetSize(nCount, -1);
+    INT_PTR nDone = 0;
+    while (nDone < nCount) {
+        const INT_PTR nBatch = std::min(nCount - nDone, std::max(nDone, nFirstBatch));
+        if (m_nSize < nDone + nBatch)
+            SetSize(nDone + nBatch, -1);
+        loadBatch(m_pData + nDone, nBatch);
+        nDone += nBatch;
+    }
 }
 
 template <class TYPE, class ARG_TYPE>

@@ -5,6 +5,7 @@
 #include <bit>
 #include <cstring>
 #include <limits>
+#include <new>
 #include <string>
 
 static_assert(std::endian::native == std::endian::little,
@@ -21,8 +22,9 @@ constexpr BYTE kStringEscape8 = 0xFF;
 constexpr WORD kStringEscape16 = 0xFFFF;
 constexpr WORD kStringWideMarker = 0xFFFE;
 constexpr DWORD kStringEscape32 = 0xFFFFFFFF;
-// A string body is read in pieces of this size, so that a corrupt length
-// fails at the end of the data instead of allocating the claimed size.
+// A string body is read in pieces of this size, so that a length the
+// archive cannot check fails at the end of the data instead of allocating
+// the claimed size.
 constexpr UINT kStringChunk = 64 * 1024;
 
 constexpr WORD kNullTag = 0;
@@ -94,7 +96,11 @@ void ReadBytes(CArchive& ar, std::string& text, ULONGLONG nBytes)
     while (nBytes > 0) {
         const UINT nPiece = static_cast<UINT>(std::min<ULONGLONG>(nBytes, kStringChunk));
         const std::size_t nOld = text.size();
-        text.resize(nOld + nPiece);
+        try {
+            text.resize(nOld + nPiece);
+        } catch (const std::bad_alloc&) {
+            AfxThrowMemoryException();
+        }
         ar.EnsureRead(text.data() + nOld, nPiece);
         nBytes -= nPiece;
     }
@@ -103,7 +109,7 @@ void ReadBytes(CArchive& ar, std::string& text, ULONGLONG nBytes)
 }  // namespace
 
 CArchive::CArchive(CFile* pFile, UINT nMode, int nBufSize, void* lpBuf)
-    : m_nMode(nMode), m_pFile(pFile), m_nObjectSchema(static_cast<UINT>(-1)), m_nMapCount(1)
+    : m_nMode(nMode), m_pFile(pFile), m_nObjectSchema(static_cast<UINT>(-1)), m_nMapCount(1), m_nLoadDepth(0)
 {
     if (pFile == nullptr)
         AfxThrowInvalidArgException();
@@ -258,7 +264,14 @@ BOOL CArchive::ReadString(CString& rString)
         bAny = true;
         if (ch == '\n')
             break;
-        line += ch;
+        // A line that no CString can hold is refused before it costs more.
+        if (line.size() >= static_cast<std::size_t>(std::numeric_limits<int>::max()))
+            AfxThrowMemoryException();
+        try {
+            line += ch;
+        } catch (const std::bad_alloc&) {
+            AfxThrowMemoryException();
+        }
     }
     if (!line.empty() && line.back() == '\r')
         line.pop_back();
@@ -302,13 +315,41 @@ void CArchive::WriteCount(DWORD_PTR dwCount)
 
 DWORD_PTR CArchive::ReadCount()
 {
-    const WORD wCount = LoadValue<WORD>(*this);
-    if (wCount != kCountEscape16)
-        return wCount;
-    const DWORD dwCount = LoadValue<DWORD>(*this);
-    if (dwCount != kCountEscape32)
-        return dwCount;
-    return static_cast<DWORD_PTR>(LoadValue<ULONGLONG>(*this));
+    DWORD_PTR nCount = LoadValue<WORD>(*this);
+    if (nCount == kCountEscape16) {
+        nCount = LoadValue<DWORD>(*this);
+        if (nCount == kCountEscape32)
+            nCount = static_cast<DWORD_PTR>(LoadValue<ULONGLONG>(*this));
+    }
+    CheckCount(nCount, 1);
+    return nCount;
+}
+
+bool CArchive::BytesLeft(ULONGLONG& nLeft) const
+{
+    ULONGLONG nLength = 0;
+    ULONGLONG nPosition = 0;
+    try {
+        nLength = m_pFile->GetLength();
+        nPosition = m_pFile->GetPosition();
+    } catch (CException* e) {
+        e->Delete();
+        return false;
+    }
+    nLeft = static_cast<ULONGLONG>(m_lpBufMax - m_lpBufCur) + (nLength > nPosition ? nLength - nPosition : 0);
+    return true;
+}
+
+void CArchive::CheckCount(ULONGLONG nCount, ULONGLONG nMinBytes)
+{
+    CheckLoading();
+    // Most counts fit in the buffer, which needs no question to the file.
+    const ULONGLONG nBuffered = static_cast<ULONGLONG>(m_lpBufMax - m_lpBufCur);
+    if (nMinBytes == 0 || nCount <= nBuffered / nMinBytes)
+        return;
+    ULONGLONG nLeft = 0;
+    if (m_pFile != nullptr && BytesLeft(nLeft) && nCount > nLeft / nMinBytes)
+        AfxThrowArchiveException(CArchiveException::endOfFile, m_strFileName);
 }
 
 void CArchive::WriteTag(DWORD nIndex, bool bIsClass)
@@ -393,6 +434,8 @@ CObject* CArchive::ReadObject(const CRuntimeClass* pClassRef)
 
     if (pClassRef != nullptr && !pClass->IsDerivedFrom(pClassRef))
         AfxThrowArchiveException(CArchiveException::badClass, m_strFileName);
+    if (m_nLoadDepth >= kMaxLoadDepth)
+        AfxThrowArchiveException(CArchiveException::badIndex, m_strFileName);
     CObject* pOb = pClass->CreateObject();
     if (pOb == nullptr)
         AfxThrowArchiveException(CArchiveException::badClass, m_strFileName);
@@ -404,15 +447,18 @@ CObject* CArchive::ReadObject(const CRuntimeClass* pClassRef)
     m_loadArray.push_back({pOb, false, nSchema});
     const UINT nSavedSchema = m_nObjectSchema;
     m_nObjectSchema = nSchema;
+    ++m_nLoadDepth;
     try {
         pOb->Serialize(*this);
     } catch (...) {
         m_loadArray[nIndex].pItem = nullptr;
         m_nObjectSchema = nSavedSchema;
+        --m_nLoadDepth;
         delete pOb;
         throw;
     }
     m_nObjectSchema = nSavedSchema;
+    --m_nLoadDepth;
     return pOb;
 }
 
@@ -635,6 +681,7 @@ CArchive& operator>>(CArchive& ar, CString& str)
         const CString name = ar.GetFile() != nullptr ? ar.GetFile()->GetFilePath() : CString();
         AfxThrowArchiveException(CArchiveException::badIndex, name);
     }
+    ar.CheckCount(nLength, bWide ? 2 : 1);
     std::string text;
     ReadBytes(ar, text, bWide ? nLength * 2 : nLength);
     if (bWide) {

@@ -16,28 +16,29 @@ UINT HashText(LPCTSTR key) noexcept
     return nHash;
 }
 
-DWORD_PTR CheckedCount(CArchive& ar)
+// The least bytes an element takes in an archive: an object's tag, a
+// string's length, a map pair's two lengths.
+constexpr ULONGLONG kObjectBytes = 2;
+constexpr ULONGLONG kStringBytes = 1;
+constexpr ULONGLONG kPairBytes = 2;
+
+// Writes the count and then each element through the archive's operator.
+template <class TYPE, class ARG_TYPE>
+void StoreEach(CArchive& ar, const CArray<TYPE, ARG_TYPE>& array)
 {
-    const DWORD_PTR nCount = ar.ReadCount();
-    if (nCount > static_cast<DWORD_PTR>(INTPTR_MAX / 2))
-        AfxThrowArchiveException(CArchiveException::genericException);
-    return nCount;
+    ar.WriteCount(static_cast<DWORD_PTR>(array.GetSize()));
+    for (INT_PTR i = 0; i < array.GetSize(); ++i)
+        ar << array[i];
 }
 
-// Writes the count and then each element through the archive's operator,
-// or reads them back the same way into the array resized to the count.
-template <class TYPE, class ARG_TYPE>
-void SerializeEach(CArchive& ar, CArray<TYPE, ARG_TYPE>& array)
+// Reads a batch of elements back through the archive's operator.
+template <class TYPE>
+auto LoadEach(CArchive& ar)
 {
-    if (ar.IsStoring()) {
-        ar.WriteCount(static_cast<DWORD_PTR>(array.GetSize()));
-        for (INT_PTR i = 0; i < array.GetSize(); ++i)
-            ar << array[i];
-    } else {
-        array.SetSize(static_cast<INT_PTR>(CheckedCount(ar)), -1);
-        for (INT_PTR i = 0; i < array.GetSize(); ++i)
-            ar >> array[i];
-    }
+    return [&ar](TYPE* pFirst, INT_PTR nCount) {
+        for (INT_PTR i = 0; i < nCount; ++i)
+            ar >> pFirst[i];
+    };
 }
 
 }  // namespace
@@ -58,16 +59,37 @@ void CPtrArray::Serialize(CArchive& ar)
     CObject::Serialize(ar);
 }
 
+void CByteArray::Serialize(CArchive& ar)
+{
+    SerializeCounted(ar, sizeof(BYTE));
+}
+
+void CWordArray::Serialize(CArchive& ar)
+{
+    SerializeCounted(ar, sizeof(WORD));
+}
+
+void CDWordArray::Serialize(CArchive& ar)
+{
+    SerializeCounted(ar, sizeof(DWORD));
+}
+
 void CObArray::Serialize(CArchive& ar)
 {
     CObject::Serialize(ar);
-    SerializeEach(ar, *this);
+    if (ar.IsStoring())
+        StoreEach(ar, *this);
+    else
+        LoadCounted(ar, kObjectBytes, LoadEach<CObject*>(ar));
 }
 
 void CStringArray::Serialize(CArchive& ar)
 {
     CObject::Serialize(ar);
-    SerializeEach(ar, *this);
+    if (ar.IsStoring())
+        StoreEach(ar, *this);
+    else
+        LoadCounted(ar, kStringBytes, LoadEach<CString>(ar));
 }
 
 UINT CMapStringToPtr::HashKey(LPCTSTR key) const noexcept
@@ -101,7 +123,9 @@ void CMapStringToString::Serialize(CArchive& ar)
             ar << key << value;
         }
     } else {
-        for (DWORD_PTR n = CheckedCount(ar); n > 0; --n) {
+        const DWORD_PTR nCount = ar.ReadCount();
+        ar.CheckCount(nCount, kPairBytes);
+        for (DWORD_PTR n = nCount; n > 0; --n) {
             CString key, value;
             ar >> key >> value;
             SetAt(key, value);

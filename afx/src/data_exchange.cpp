@@ -1,5 +1,5 @@
-// Dialog data exchange and validation.
-#include "afxwin.h"
+// Dialog data exchange and validation, and CWnd::UpdateData, which runs it.
+#include "wnd_state.h"
 
 #include <cerrno>
 #include <cfloat>
@@ -363,3 +363,30 @@ void DDV_MinMaxDouble(CDataExchange* pDX, const double& value, double minVal, do
     if (pDX->m_bSaveAndValidate && (value < minVal || value > maxVal))
         FailWith(pDX, FormatPrompt(kRealRange, NumberText(minVal), NumberText(maxVal)), AFX_IDP_PARSE_REAL_RANGE);
 }
+
+BOOL CWnd::UpdateData(BOOL bSaveAndValidate)
+{
+    CDataExchange dx(this, bSaveAndValidate);
+    AfxWndThreadState& state = AfxGetWndThreadState();
+    const HWND hWndOldLockout = state.hLockoutNotifyWindow;
+    // Control notifications that the exchange itself causes stay unseen.
+    state.hLockoutNotifyWindow = m_hWnd;
+    BOOL ok = FALSE;
+    try {
+        DoDataExchange(&dx);
+        ok = TRUE;
+    } catch (CUserException* e) {
+        // Validation failed; the user has been told.
+        e->Delete();
+    } catch (CException* e) {
+        char text[512] = {};
+        if (!e->GetErrorMessage(text, sizeof(text)))
+            std::strcpy(text, "Internal application error.");
+        AfxMessageBox(text, MB_ICONSTOP, AFX_IDP_INTERNAL_FAILURE);
+        e->Delete();
+    }
+    state.hLockoutNotifyWindow = hWndOldLockout;
+    return ok;
+}
+
+void CWnd::DoDataExchange(CDataExchange*) {}

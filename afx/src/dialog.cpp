@@ -45,13 +45,20 @@ LPCSTR TemplateClass(LPCDLGTEMPLATE lpTemplate, std::string& storage)
 
 // The dialog procedure behind DefDlgProc: only WM_INITDIALOG reaches the
 // object here (through CDialog::HandleInitDialog's Default()).
-INT_PTR CALLBACK AfxDlgProc(HWND hWnd, UINT message, WPARAM, LPARAM)
+INT_PTR CALLBACK AfxDlgProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    if (message == WM_INITDIALOG) {
-        CDialog* pDialog = DYNAMIC_DOWNCAST(CDialog, CWnd::FromHandlePermanent(hWnd));
-        return pDialog != nullptr ? pDialog->OnInitDialog() : TRUE;
+    if (message != WM_INITDIALOG)
+        return FALSE;
+    CDialog* pDialog = DYNAMIC_DOWNCAST(CDialog, CWnd::FromHandlePermanent(hWnd));
+    if (pDialog == nullptr)
+        return TRUE;
+    try {
+        return pDialog->OnInitDialog();
+    } catch (...) {
+        // The system's dialog procedure called us: nothing may unwind through it.
+        const MSG msg = {hWnd, message, wParam, lParam, 0, {}};
+        return AfxProcessEscapedException(&msg);
     }
-    return FALSE;
 }
 
 }  // namespace

@@ -25,3 +25,13 @@ void AfxFileThrowError(LONG error, LPCTSTR lpszFileName);
 // CFileException on failure.
 UINT AfxFileRead(HANDLE hFile, void* lpBuf, UINT nCount, LPCTSTR lpszFileName);
 void AfxFileWrite(HANDLE hFile, const void* lpBuf, UINT nCount, LPCTSTR lpszFileName);
+
+// Creates the file, which must not exist yet; the system's error, or 0.
+LONG AfxFileCreateNew(LPCTSTR lpszFileName);
+// Whether an error of AfxFileCreateNew says that the file exists.
+bool AfxFileExistsError(LONG error);
+// Puts the complete file lpszTemp in lpszTarget's place in one step,
+// replacing the target if it exists (keeping its attributes or permission
+// bits); a read-only target is refused. The system's error, or 0; on an
+// error the target is as it was and lpszTemp still exists.
+LONG AfxFileReplace(LPCTSTR lpszTemp, LPCTSTR lpszTarget);

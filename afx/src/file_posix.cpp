@@ -202,3 +202,44 @@ void PASCAL CFile::Remove(LPCTSTR lpszFileName)
     if (::unlink(lpszFileName) != 0)
         CFileException::ThrowErrno(errno, lpszFileName);
 }
+
+LONG AfxFileCreateNew(LPCTSTR lpszFileName)
+{
+    const int fd = ::open(lpszFileName, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kCreateMode);
+    if (fd < 0)
+        return errno;
+    return ::close(fd) != 0 ? errno : 0;
+}
+
+bool AfxFileExistsError(LONG error)
+{
+    return error == EEXIST;
+}
+
+LONG AfxFileReplace(LPCTSTR lpszTemp, LPCTSTR lpszTarget)
+{
+    struct stat st
+    {};
+    if (::stat(lpszTarget, &st) == 0) {
+        // Read-only as the Windows build sees it: the owner may not write.
+        // (access() would not do: it lets root write anything.)
+        if ((st.st_mode & S_IWUSR) == 0 || S_ISDIR(st.st_mode))
+            return EACCES;
+        if (::chmod(lpszTemp, st.st_mode & 07777) != 0)
+            return errno;
+    } else if (errno != ENOENT) {
+        return errno;
+    }
+    if (::rename(lpszTemp, lpszTarget) != 0)
+        return errno;
+    // The new name itself reaches the disk with the folder.
+    const std::string target(lpszTarget);
+    const std::size_t slash = target.rfind('/');
+    const std::string folder = slash == std::string::npos ? "." : slash == 0 ? "/" : target.substr(0, slash);
+    const int dir = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (dir >= 0) {
+        ::fsync(dir);
+        ::close(dir);
+    }
+    return 0;
+}

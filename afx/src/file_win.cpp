@@ -199,3 +199,38 @@ void PASCAL CFile::Remove(LPCTSTR lpszFileName)
     if (!DeleteFileA(lpszFileName))
         CFileException::ThrowOsError(LastError(), lpszFileName);
 }
+
+LONG AfxFileCreateNew(LPCTSTR lpszFileName)
+{
+    const HANDLE h = CreateFileA(lpszFileName, GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (h == INVALID_HANDLE_VALUE)
+        return LastError();
+    return CloseHandle(h) ? 0 : LastError();
+}
+
+bool AfxFileExistsError(LONG error)
+{
+    return error == ERROR_FILE_EXISTS || error == ERROR_ALREADY_EXISTS;
+}
+
+LONG AfxFileReplace(LPCTSTR lpszTemp, LPCTSTR lpszTarget)
+{
+    // Attributes a replacement keeps; read-only targets are refused.
+    constexpr DWORD kKeptAttributes =
+        FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+    const DWORD attributes = GetFileAttributesA(lpszTarget);
+    if (attributes != INVALID_FILE_ATTRIBUTES) {
+        if (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY))
+            return ERROR_ACCESS_DENIED;
+        if ((attributes & kKeptAttributes) != 0 && !SetFileAttributesA(lpszTemp, attributes & kKeptAttributes))
+            return LastError();
+    } else if (GetLastError() != ERROR_FILE_NOT_FOUND) {
+        return LastError();
+    }
+    // One rename that either happens or leaves both files as they were.
+    // (ReplaceFileA without a backup name can lose the target when it fails
+    // half-way, with ERROR_UNABLE_TO_MOVE_REPLACEMENT.)
+    if (!MoveFileExA(lpszTemp, lpszTarget, MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+        return LastError();
+    return 0;
+}

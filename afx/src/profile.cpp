@@ -1,7 +1,9 @@
 // The application profile: registry below the application's key, or an INI
-// file through the private profile functions.
+// file through the private profile functions (written in place; see
+// afxapp.h for why not through a temporary file).
 #include "afxwin.h"
 
+#include <climits>
 #include <cstring>
 #include <memory>
 #include <vector>
@@ -212,6 +214,8 @@ BOOL CWinApp::WriteProfileBinary(LPCTSTR lpszSection, LPCTSTR lpszEntry, LPBYTE 
     if (lpszSection == nullptr || lpszEntry == nullptr || (pData == nullptr && nBytes != 0))
         return FALSE;
     if (!UsesRegistry()) {
+        if (nBytes > static_cast<UINT>(INT_MAX / 2))
+            return FALSE;
         CString text;
         char* out = text.GetBufferSetLength(static_cast<int>(nBytes * 2));
         for (UINT i = 0; i < nBytes; ++i) {

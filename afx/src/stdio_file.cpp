@@ -1,7 +1,9 @@
 // CStdioFile: text and binary modes over CFile, with a read buffer.
 #include "afxfile.h"
 
+#include <climits>
 #include <cstring>
+#include <new>
 #include <string>
 
 namespace {
@@ -165,7 +167,14 @@ BOOL CStdioFile::ReadString(CString& rString)
         any = true;
         if (ch == '\n')
             break;
-        line += static_cast<char>(ch);
+        // A line that no CString can hold is refused before it costs more.
+        if (line.size() >= static_cast<std::size_t>(INT_MAX))
+            AfxThrowMemoryException();
+        try {
+            line += static_cast<char>(ch);
+        } catch (const std::bad_alloc&) {
+            AfxThrowMemoryException();
+        }
     }
     rString.SetString(line.data(), static_cast<int>(line.size()));
     return any ? TRUE : FALSE;

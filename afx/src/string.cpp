@@ -655,11 +655,9 @@ int CString::Collate(const char* psz) const
 
 int CString::CollateNoCase(const char* psz) const
 {
-    std::string mine(m_pszData);
-    std::string other(psz != nullptr ? psz : "");
-    for (std::string* text : {&mine, &other})
-        std::transform(text->begin(), text->end(), text->begin(), AfxToLower1252);
-    return Sign(std::strcoll(mine.c_str(), other.c_str()));
+    CString mine(m_pszData);
+    CString other(psz);
+    return Sign(std::strcoll(mine.MakeLower(), other.MakeLower()));
 }
 
 // ---- extracting ------------------------------------------------------------
@@ -762,13 +760,17 @@ int CString::Replace(const char* pszOld, const char* pszNew)
         return 0;
 
     // Arguments that point into this text are read before it changes.
-    std::string oldCopy;
-    std::string replacementCopy;
+    CString oldCopy;
+    CString replacementCopy;
     const char* end = m_pszData + GetAllocLength();
-    if (PointsInto(old.data(), m_pszData, end))
-        old = oldCopy.assign(old);
-    if (PointsInto(replacement.data(), m_pszData, end))
-        replacement = replacementCopy.assign(replacement);
+    if (PointsInto(old.data(), m_pszData, end)) {
+        oldCopy.SetString(old.data(), static_cast<int>(old.size()));
+        old = std::string_view(oldCopy.GetString(), old.size());
+    }
+    if (PointsInto(replacement.data(), m_pszData, end)) {
+        replacementCopy.SetString(replacement.data(), static_cast<int>(replacement.size()));
+        replacement = std::string_view(replacementCopy.GetString(), replacement.size());
+    }
 
     const long long delta = static_cast<long long>(replacement.size()) - static_cast<long long>(old.size());
     const int newLength = CheckedSum(length, delta * count);
@@ -803,9 +805,11 @@ int CString::InsertBytes(int iIndex, const char* pch, int nLength)
         return length;
     const int index = std::clamp(iIndex, 0, length);
     const int newLength = CheckedSum(length, nLength);
-    std::string copy;
-    if (PointsInto(pch, m_pszData, m_pszData + GetAllocLength()))
-        pch = copy.assign(pch, static_cast<std::size_t>(nLength)).c_str();
+    CString copy;
+    if (PointsInto(pch, m_pszData, m_pszData + GetAllocLength())) {
+        copy.SetString(pch, nLength);
+        pch = copy.GetString();
+    }
     ReleaseData(PrepareWrite(newLength, length, true));
     std::memmove(m_pszData + index + nLength, m_pszData + index, static_cast<std::size_t>(length - index));
     std::memcpy(m_pszData + index, pch, static_cast<std::size_t>(nLength));

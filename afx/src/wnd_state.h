@@ -67,6 +67,29 @@ struct AfxWndThreadState
 // process: window objects may outlive the thread's other data at exit.
 AfxWndThreadState& AfxGetWndThreadState();
 
+// Hands a message to the object of hWnd, the window being pWnd's, through
+// its WindowProc; whatever escapes a handler stops here and goes to
+// AfxProcessEscapedException.
+LRESULT AfxCallWndProc(CWnd* pWnd, HWND hWnd, UINT nMsg, WPARAM wParam, LPARAM lParam);
+
+// Called inside a catch block where the system called into the framework:
+// hands the exception in flight to the thread's ProcessWndProcException
+// (framework exceptions as they are, std::bad_alloc as a CMemoryException,
+// anything else as a CException whose message is what() or "Internal
+// application error."), deletes it, and returns the result for pMsg.
+// Never throws.
+LRESULT AfxProcessEscapedException(const MSG* pMsg) noexcept;
+
+// Hands a message to a child window's object (reflection); FALSE if the
+// child has no permanent object or does not take it.
+BOOL AfxReflectToChild(HWND hWndChild, UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
+
+// Whether a message is one of the WM_CTLCOLOR... family.
+inline bool AfxIsCtlColorMessage(UINT message)
+{
+    return message >= WM_CTLCOLORMSGBOX && message <= WM_CTLCOLORSTATIC;
+}
+
 // AfxHookWindowCreate for a window that must be of class lpszClass (a name
 // or an atom); other windows made meanwhile are left alone.
 void AfxHookWindowCreateOfClass(CWnd* pWnd, LPCSTR lpszClass);

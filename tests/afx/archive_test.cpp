@@ -1,12 +1,14 @@
 // CArchive: value, count, string and object formats byte by byte, round
 // trips through small buffers, short input and misuse.
 #include "afx.h"
+#include "afxcoll.h"
 
 #include "archive_test_support.h"
 
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
@@ -38,18 +40,27 @@ Bytes Stored(const std::function<void(CArchive&)>& store, int nBufSize = 4096)
     return ContentOf(file);
 }
 
-// A loading archive over the given bytes.
+// A memory file that, like a pipe, cannot tell its length.
+class CStreamFile : public CMemFile
+{
+public:
+    ULONGLONG GetLength() const override { AfxThrowNotSupportedException(); }
+};
+
+// A loading archive over the given bytes, in a file that can tell how many
+// are left or (bStream) one that cannot.
 struct Loader
 {
-    explicit Loader(const Bytes& bytes, int nBufSize = 4096)
+    explicit Loader(const Bytes& bytes, int nBufSize = 4096, bool bStream = false)
     {
+        file = bStream ? std::make_unique<CStreamFile>() : std::make_unique<CMemFile>();
         if (!bytes.empty())
-            file.Write(bytes.data(), static_cast<UINT>(bytes.size()));
-        file.SeekToBegin();
-        ar = std::make_unique<CArchive>(&file, CArchive::load, nBufSize);
+            file->Write(bytes.data(), static_cast<UINT>(bytes.size()));
+        file->SeekToBegin();
+        ar = std::make_unique<CArchive>(file.get(), CArchive::load, nBufSize);
     }
 
-    CMemFile file;
+    std::unique_ptr<CMemFile> file;
     std::unique_ptr<CArchive> ar;
 };
 
@@ -216,7 +227,9 @@ TEST(Archive, CountEncodingAtThresholds)
         const DWORD_PTR count = static_cast<DWORD_PTR>(c.count);
         const Bytes bytes = Stored([&](CArchive& ar) { ar.WriteCount(count); });
         EXPECT_EQ(bytes, c.bytes) << std::hex << c.count;
-        Loader in(bytes);
+        // Without the counted elements behind it, only a file that cannot
+        // tell its length lets the count through.
+        Loader in(bytes, 4096, true);
         EXPECT_EQ(in.ar->ReadCount(), count) << std::hex << c.count;
     }
 }
@@ -352,6 +365,117 @@ TEST(Archive, ShortInputThrowsEndOfFile)
     EXPECT_EQ(in.ar->Read(b, 8), 3u);
     EXPECT_EQ(b[2], 3);
     EXPECT_EQ(in.ar->Read(b, 8), 0u);
+}
+
+// Nested arrays: the CObArray class record, then nLevels arrays of one
+// element each, the innermost holding NULL.
+Bytes NestedArrays(int nLevels)
+{
+    Bytes bytes = Concat({{0xFF, 0xFF, 0x00, 0x00, 0x08, 0x00}, TextBytes("CObArray"), {0x01, 0x00}});
+    for (int k = 1; k < nLevels; ++k)
+        bytes.insert(bytes.end(), {0x01, 0x80, 0x01, 0x00});
+    bytes.insert(bytes.end(), {0x00, 0x00});
+    return bytes;
+}
+
+// Deletes nested arrays with everything they hold.
+void DeleteNested(CObject* pOb)
+{
+    for (CObject* pInner = pOb; pInner != nullptr;) {
+        CObArray* pArray = DYNAMIC_DOWNCAST(CObArray, pInner);
+        CObject* pNext = pArray != nullptr && pArray->GetSize() > 0 ? pArray->GetAt(0) : nullptr;
+        delete pInner;
+        pInner = pNext;
+    }
+}
+
+TEST(Archive, HostileCountsThrowBeforeAllocating)
+{
+    enum Kind
+    {
+        memory,
+        disk,
+        stream
+    };
+    const Bytes sevenBytes = {0xFF, 0xFF, 0xFE, 0xFF, 0xFF, 0xFF, 0x00};
+    const auto dwords = [](CArchive& ar) { CDWordArray().Serialize(ar); };
+    struct
+    {
+        const char* what;
+        Bytes bytes;
+        Kind kind;
+        std::function<void(CArchive&)> load;
+        int cause;
+    } cases[] = {
+        {"4G DWORDs claimed by 7 bytes", sevenBytes, memory, dwords, CArchiveException::endOfFile},
+        {"the same on disk", sevenBytes, disk, dwords, CArchiveException::endOfFile},
+        {"the same where the length is unknown", sevenBytes, stream, dwords, CArchiveException::endOfFile},
+        {"16 bytes claimed by 8",
+         {0x10, 0x00, 1, 2, 3, 4, 5, 6, 7, 8},
+         memory,
+         [](CArchive& ar) { CByteArray().Serialize(ar); },
+         CArchiveException::endOfFile},
+        {"4 WORDs in 7 bytes",
+         {0x04, 0x00, 1, 2, 3, 4, 5, 6, 7},
+         memory,
+         [](CArchive& ar) { CWordArray().Serialize(ar); },
+         CArchiveException::endOfFile},
+        {"2^64 - 1 strings",
+         {0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF},
+         memory,
+         [](CArchive& ar) { CStringArray().Serialize(ar); },
+         CArchiveException::endOfFile},
+        {"3 object tags in 5 bytes",
+         {0x03, 0x00, 0, 0, 0, 0, 0},
+         memory,
+         [](CArchive& ar) { CObArray().Serialize(ar); },
+         CArchiveException::endOfFile},
+        {"4 map pairs in 7 bytes",
+         {0x04, 0x00, 0, 0, 0, 0, 0, 0, 0},
+         memory,
+         [](CArchive& ar) { CMapStringToString().Serialize(ar); },
+         CArchiveException::endOfFile},
+        {"2G ints in 1 byte",
+         {0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x7F, 1},
+         memory,
+         [](CArchive& ar) { CArray<int>().Serialize(ar); },
+         CArchiveException::endOfFile},
+        {"2^63 ints, which no array holds",
+         {0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0, 0, 0, 0, 0, 0, 0, 0x80},
+         stream,
+         [](CArchive& ar) { CArray<int>().Serialize(ar); },
+         CArchiveException::badIndex},
+        {"a 2G string in 1 byte",
+         {0xFF, 0xFF, 0xFF, 0xF0, 0xFF, 0xFF, 0x7F, 'a'},
+         memory,
+         [](CArchive& ar) {
+             CString s;
+             ar >> s;
+         },
+         CArchiveException::endOfFile},
+        {"objects nested as deep as allowed", NestedArrays(CArchive::kMaxLoadDepth), memory,
+         [](CArchive& ar) { DeleteNested(ar.ReadObject(nullptr)); }, -1},
+        {"objects nested deeper", NestedArrays(CArchive::kMaxLoadDepth + 1), memory,
+         [](CArchive& ar) { DeleteNested(ar.ReadObject(nullptr)); }, CArchiveException::badIndex},
+    };
+    const std::string path = (std::filesystem::temp_directory_path() / "afx_hostile_count.dat").string();
+    for (auto& c : cases) {
+        if (c.kind == disk) {
+            {
+                CFile out(path.c_str(), CFile::modeCreate | CFile::modeWrite);
+                out.Write(c.bytes.data(), static_cast<UINT>(c.bytes.size()));
+            }
+            CFile in(path.c_str(), CFile::modeRead);
+            CArchive ar(&in, CArchive::load);
+            EXPECT_EQ(ArchiveCause([&] { c.load(ar); }), c.cause) << c.what;
+            ar.Abort();
+            in.Close();
+            CFile::Remove(path.c_str());
+            continue;
+        }
+        Loader in(c.bytes, 4096, c.kind == stream);
+        EXPECT_EQ(ArchiveCause([&] { c.load(*in.ar); }), c.cause) << c.what;
+    }
 }
 
 TEST(Archive, WrongDirectionThrows)

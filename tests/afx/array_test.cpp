@@ -265,6 +265,29 @@ TEST(CArray, EveryAccessorRejectsBadIndices)
     }));
 }
 
+TEST(CArray, SizesBeyondTheAddressSpaceThrowMemoryException)
+{
+    CArray<int> a;
+    Fill(a, {1, 2, 3});
+    constexpr INT_PTR kHuge = INTPTR_MAX - 1;
+    const std::function<void()> calls[] = {
+        [&] { a.SetSize(kHuge); },
+        [&] { a.SetAtGrow(kHuge, 0); },
+        [&] { a.InsertAt(1, 0, kHuge); },
+    };
+    for (const auto& call : calls) {
+        bool memory = false;
+        try {
+            call();
+        } catch (CException* e) {
+            memory = e->IsKindOf(RUNTIME_CLASS(CMemoryException)) != FALSE;
+            e->Delete();
+        }
+        EXPECT_TRUE(memory);
+        EXPECT_EQ(Contents(a), (std::vector<int>{1, 2, 3}));
+    }
+}
+
 TEST(CArray, AppendAndCopyIncludingSelf)
 {
     CArray<int> a, b;

@@ -4,11 +4,17 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstring>
 #include <filesystem>
 #include <functional>
 #include <random>
 #include <string>
+#include <vector>
+
+#ifndef _WIN32
+#include <sys/resource.h>
+#endif
 
 namespace fs = std::filesystem;
 
@@ -325,6 +331,106 @@ TEST_F(FileTest, ExclusiveShareModeBlocksASecondOpen)
     }
 }
 #endif
+
+TEST_F(FileTest, AtomicFileReplacesTheTargetOnlyWhenComplete)
+{
+    const std::string target = PathOf("settings.ini");
+    const auto writeNew = [](CAtomicFile& file) {
+        file.WriteString("new\n");
+        file.Close();
+    };
+    struct
+    {
+        const char* what;
+        const char* before;  // NULL: no target
+        bool readOnly;
+        std::function<void(CAtomicFile&)> write;
+        int cause;  // of the CFileException that write throws; -1 none, -2 another exception
+        const char* after;
+    } cases[] = {
+        {"no target yet", nullptr, false, writeNew, -1, "new\r\n"},
+        {"target replaced", "old", false, writeNew, -1, "new\r\n"},
+        {"exception half-way", "old", false,
+         [](CAtomicFile& file) {
+             file.Write("ne", 2);
+             AfxThrowUserException();
+         },
+         -2, "old"},
+        {"aborted", "old", false,
+         [](CAtomicFile& file) {
+             file.Write("new", 3);
+             file.Abort();
+         },
+         -1, "old"},
+        {"read-only target", "old", true, writeNew, CFileException::accessDenied, "old"},
+#ifdef _WIN32
+        {"target held open by another program", "old", false,
+         [&](CAtomicFile& file) {
+             CFile holder(target.c_str(), CFile::modeRead | CFile::shareDenyNone);
+             file.Write("new", 3);
+             file.Close();
+         },
+         CFileException::accessDenied, "old"},
+#else
+        {"disk full", "old", false,
+         [](CAtomicFile& file) {
+             // Writes beyond 2 bytes fail as on a full disk (EFBIG).
+             rlimit saved{};
+             getrlimit(RLIMIT_FSIZE, &saved);
+             rlimit small = saved;
+             small.rlim_cur = 2;
+             const auto previous = std::signal(SIGXFSZ, SIG_IGN);
+             setrlimit(RLIMIT_FSIZE, &small);
+             struct Restore
+             {
+                 rlimit limit;
+                 void (*handler)(int);
+                 ~Restore()
+                 {
+                     setrlimit(RLIMIT_FSIZE, &limit);
+                     std::signal(SIGXFSZ, handler);
+                 }
+             } restore{saved, previous};
+             file.Write("new", 3);
+             file.Close();
+         },
+         CFileException::diskFull, "old"},
+#endif
+    };
+    for (auto& c : cases) {
+        if (c.before != nullptr)
+            CFile(target.c_str(), CFile::modeCreate | CFile::modeWrite).Write(c.before, UINT(std::strlen(c.before)));
+        if (c.readOnly)
+            fs::permissions(target, fs::perms::owner_write, fs::perm_options::remove);
+        int cause = -1;
+        try {
+            CAtomicFile file;
+            ASSERT_TRUE(file.Open(target.c_str(), CFile::typeText)) << c.what;
+            EXPECT_STREQ(file.GetFileName(), "settings.ini") << c.what << ": errors name the target";
+            c.write(file);
+        } catch (CException* e) {
+            const auto* pFile = DYNAMIC_DOWNCAST(CFileException, e);
+            cause = pFile != nullptr ? pFile->m_cause : -2;
+            e->Delete();
+        }
+        EXPECT_EQ(cause, c.cause) << c.what;
+        std::vector<std::string> left;
+        for (const auto& entry : fs::directory_iterator(m_dir))
+            left.push_back(entry.path().filename().string());
+        EXPECT_EQ(left, std::vector<std::string>{"settings.ini"}) << c.what << ": the target and nothing else";
+        CFile written(target.c_str(), CFile::modeRead);
+        EXPECT_EQ(ReadAll(written), c.after) << c.what;
+        written.Close();
+        fs::permissions(target, fs::perms::owner_write, fs::perm_options::add);
+        fs::remove(target);
+    }
+
+    CAtomicFile file;
+    CFileException error;
+    EXPECT_FALSE(file.Open((m_dir / "missing" / "settings.ini").string().c_str(), CFile::typeBinary, &error));
+    EXPECT_EQ(error.m_cause, kPathNotFoundCause);
+    EXPECT_TRUE(fs::is_empty(m_dir));
+}
 
 TEST(MemFile, GrowsInStepsOfGrowBytes)
 {

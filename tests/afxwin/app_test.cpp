@@ -231,6 +231,8 @@ TEST_F(IniProfileTest, ValuesRoundTripThroughTheFile)
     EXPECT_TRUE(app.WriteProfileString(kSection, "Viewer", "grün.exe"));
     BYTE bytes[] = {0x00, 0x1F, 0xA5};
     EXPECT_TRUE(app.WriteProfileBinary(kSection, "Daten", bytes, sizeof bytes));
+    // Twice 1 GiB of letters does not fit a text: refused before a byte is read.
+    EXPECT_FALSE(app.WriteProfileBinary(kSection, "Riesig", bytes, 0x40000000));
 
     EXPECT_EQ(app.GetProfileInt(kSection, "Zoom", 0), 150u);
     EXPECT_EQ(app.GetProfileString(kSection, "Viewer"), "grün.exe");
@@ -243,6 +245,7 @@ TEST_F(IniProfileTest, ValuesRoundTripThroughTheFile)
     EXPECT_EQ(Private(kSection, "Zoom"), "150");
     EXPECT_EQ(Private(kSection, "Versatz"), "-3");
     EXPECT_EQ(Private(kSection, "Daten"), "AAPBFK") << "two letters a byte, low half first";
+    EXPECT_EQ(Private(kSection, "Riesig"), "(fehlt)");
     WritePrivateProfileStringA(nullptr, nullptr, nullptr, m_file);
     // The text is stored as its own bytes.
     const std::string text = FileText(m_file.GetString());

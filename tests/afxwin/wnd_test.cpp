@@ -5,6 +5,8 @@
 #include <commctrl.h>
 #include <gtest/gtest.h>
 
+#include <new>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -899,32 +901,80 @@ TEST_F(WndTest, UpdateDialogControlsSetsControlStateFromHandlers)
 
 // ---- Exceptions in handlers ----
 
+// A window whose handlers throw what wParam chooses; its OnCreate throws
+// when asked to.
 class CThrowingWnd : public CWnd
 {
+public:
+    bool throwOnCreate = false;
+
 protected:
+    afx_msg int OnCreate(LPCREATESTRUCT lpcs)
+    {
+        if (throwOnCreate)
+            throw std::runtime_error("Fenster kaputt");
+        return CWnd::OnCreate(lpcs);
+    }
     afx_msg LRESULT OnThrow(WPARAM wParam, LPARAM)
     {
-        if (wParam == 0)
+        switch (wParam) {
+        case 0:
             AfxThrowUserException();
-        AfxThrowNotSupportedException();
+        case 1:
+            AfxThrowNotSupportedException();
+        case 2:
+            AfxThrowMemoryException();
+        case 3:
+            throw std::runtime_error("Laufzeitfehler");
+        case 4:
+            throw std::bad_alloc();
+        default:
+            throw 42;
+        }
     }
     DECLARE_MESSAGE_MAP()
 };
 
 BEGIN_MESSAGE_MAP(CThrowingWnd, CWnd)
+    ON_WM_CREATE()
     ON_MESSAGE(kPrivateMessage, OnThrow)
 END_MESSAGE_MAP()
 
-TEST_F(WndTest, FrameworkExceptionsStopAtTheWindowProcedure)
+TEST_F(WndTest, ExceptionsStopAtTheWindowProcedure)
 {
     CThrowingWnd wnd;
     ASSERT_TRUE(wnd.CreateEx(0, nullptr, "Ausnahmen", WS_POPUP, 0, 0, 100, 100, nullptr, nullptr));
-    EXPECT_EQ(wnd.SendMessage(kPrivateMessage, 0, 0), 0);
-    EXPECT_TRUE(CTestApp::Get().MessageBoxes().empty());
-    EXPECT_EQ(wnd.SendMessage(kPrivateMessage, 1, 0), 0);
-    EXPECT_EQ(CTestApp::Get().MessageBoxes().size(), 1u);
-    EXPECT_TRUE(::IsWindow(wnd.m_hWnd));
+    struct
+    {
+        WPARAM kind;
+        const char* box;  // NULL: none
+    } cases[] = {
+        {0, nullptr},  // a user exception: the user has been told
+        {1, "An unsupported operation was attempted."},
+        {2, "Out of memory."},
+        {3, "Laufzeitfehler"},
+        {4, "Out of memory."},
+        {5, "Internal application error."},  // not even a std::exception
+    };
+    for (const auto& c : cases) {
+        CTestApp::Get().Reset();
+        EXPECT_EQ(wnd.SendMessage(kPrivateMessage, c.kind, 0), 0) << c.kind;
+        const auto& boxes = CTestApp::Get().MessageBoxes();
+        ASSERT_EQ(boxes.size(), c.box != nullptr ? 1u : 0u) << c.kind;
+        if (c.box != nullptr) {
+            EXPECT_STREQ(boxes[0].text, c.box) << c.kind;
+        }
+        EXPECT_TRUE(::IsWindow(wnd.m_hWnd)) << c.kind;
+    }
     wnd.DestroyWindow();
+
+    CTestApp::Get().Reset();
+    CThrowingWnd failing;
+    failing.throwOnCreate = true;
+    EXPECT_FALSE(failing.CreateEx(0, nullptr, "Kaputt", WS_POPUP, 0, 0, 100, 100, nullptr, nullptr));
+    ASSERT_EQ(CTestApp::Get().MessageBoxes().size(), 1u);
+    EXPECT_STREQ(CTestApp::Get().MessageBoxes()[0].text, "Fenster kaputt");
+    EXPECT_EQ(failing.m_hWnd, nullptr);
 }
 
 // ---- GDI ----

@@ -4,6 +4,9 @@
 #include "picture_test_support.h"
 
 #include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <limits>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -51,6 +54,25 @@ public:
         return e;
     }
     E Rational(WORD tag, long long n, long long d) const { return Rationals(tag, {{n, d}}); }
+    E Floats(WORD tag, std::vector<double> v) const
+    {
+        E e{tag, 11, DWORD(v.size()), {}};
+        for (double d : v) {
+            const float f = static_cast<float>(d);
+            DWORD bits;
+            std::memcpy(&bits, &f, 4);
+            Append(e.value, U32(bits));
+        }
+        return e;
+    }
+    E Double(WORD tag, double d) const
+    {
+        std::uint64_t bits;
+        std::memcpy(&bits, &d, 8);
+        E e{tag, 12, 1, U32(DWORD(m_le ? bits : bits >> 32))};
+        Append(e.value, U32(DWORD(m_le ? bits >> 32 : bits)));
+        return e;
+    }
     E Undefined(WORD tag, const Bytes& b) const { return {tag, 7, DWORD(b.size()), b}; }
 
     // Header, the directories one after the other, then the long values.
@@ -227,6 +249,8 @@ TEST(ExifBlock, TagCallbackNamesEveryTagWithItsDirectoryAndText)
 TEST(ExifBlock, FallsBackToApexValuesOlderDatesAndRejectsOddValues)
 {
     const Tiff t(true);
+    constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+    constexpr double kInf = std::numeric_limits<double>::infinity();
     struct Case
     {
         const char* what;
@@ -234,6 +258,10 @@ TEST(ExifBlock, FallsBackToApexValuesOlderDatesAndRejectsOddValues)
         double exposure, fnumber;
         const char* dateTime;
         int orientation;
+        int iso = 0;
+        std::vector<Tiff::E> gps = {};
+        bool hasGps = false;
+        double altitude = 0;  // 0: none
     } cases[] = {
         {"apex values only", {}, {t.Rational(0x9201, 8, 1), t.Rational(0x9202, 4, 1)}, 1.0 / 256, 4.0, "", 0},
         {"exposure wins over apex", {}, {t.Rational(0x829A, 1, 60), t.Rational(0x9201, 8, 1)}, 1.0 / 60, 0, "", 0},
@@ -248,18 +276,69 @@ TEST(ExifBlock, FallsBackToApexValuesOlderDatesAndRejectsOddValues)
         {"zero denominator", {t.Short(0x0112, 8)}, {t.Rational(0x829A, 1, 0), t.Rational(0x829D, 0, 0)}, 0, 0, "", 8},
         {"orientation out of range", {t.Short(0x0112, 9)}, {}, 0, 0, "", 0},
         {"orientation zero", {t.Short(0x0112, 0)}, {}, 0, 0, "", 0},
+        // Numbers that are not finite or do not fit leave their fields absent.
+        {"NaN and infinity", {t.Double(0x0112, kNaN)}, {t.Floats(0x829A, {kNaN}), t.Double(0x829D, kInf)}, 0, 0, "", 0},
+        {"NaN apex values", {}, {t.Floats(0x9201, {kNaN}), t.Floats(0x9202, {-kInf})}, 0, 0, "", 0},
+        {"orientation and ISO beyond int", {t.Double(0x0112, 1e300)}, {t.Double(0x8827, 3e9)}, 0, 0, "", 0, 0},
+        {"ISO as a whole double", {}, {t.Double(0x8827, 800.0)}, 0, 0, "", 0, 800},
+        {"position with a NaN minute",
+         {},
+         {},
+         0,
+         0,
+         "",
+         0,
+         0,
+         {t.Floats(0x02, {48, kNaN, 0}), t.Rationals(0x04, {{11, 1}, {0, 1}, {0, 1}})},
+         false},
+        {"latitude beyond 90 degrees",
+         {},
+         {},
+         0,
+         0,
+         "",
+         0,
+         0,
+         {t.Rationals(0x02, {{90, 1}, {0, 1}, {1, 1}}), t.Rationals(0x04, {{11, 1}, {0, 1}, {0, 1}})},
+         false},
+        {"infinite altitude and NaN reference",
+         {},
+         {},
+         0,
+         0,
+         "",
+         0,
+         0,
+         {t.Floats(0x05, {kNaN}), t.Double(0x06, kInf)},
+         false,
+         0},
+        {"NaN altitude reference counts as above the sea",
+         {},
+         {},
+         0,
+         0,
+         "",
+         0,
+         0,
+         {t.Floats(0x05, {kNaN}), t.Rational(0x06, 100, 1)},
+         false,
+         100},
     };
     for (const Case& c : cases) {
         tag_ExifInfo info;
         Cexif exif(&info);
         std::vector<Tiff::E> ifd0 = c.ifd0;
         ifd0.push_back(t.Ascii(0x010F, "X"));
-        const Bytes block = t.Build(ifd0, c.exif);
+        const Bytes block = t.Build(ifd0, c.exif, c.gps);
         ASSERT_TRUE(exif.DecodeExifBlock(block.data(), block.size())) << c.what;
         EXPECT_NEAR(info.ExposureTime, c.exposure, 1e-12) << c.what;
         EXPECT_NEAR(info.FNumber, c.fnumber, 1e-12) << c.what;
         EXPECT_STREQ(info.DateTime, c.dateTime) << c.what;
         EXPECT_EQ(info.Orientation, c.orientation) << c.what;
+        EXPECT_EQ(info.ISOequivalent, c.iso) << c.what;
+        EXPECT_EQ(info.HasGps != FALSE, c.hasGps) << c.what;
+        EXPECT_EQ(info.HasGpsAltitude != FALSE, c.altitude != 0) << c.what;
+        EXPECT_EQ(info.GpsAltitude, c.altitude) << c.what;
     }
 }
 

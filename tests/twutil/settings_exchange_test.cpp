@@ -492,6 +492,17 @@ TEST(SettingsExchange, FileFailuresReportZero)
     EXPECT_EQ(s.ExchangeSettings(-1, "S", path.c_str()), 0);
     EXPECT_FALSE(std::filesystem::exists(path));
     EXPECT_EQ(s.GetCount(), 1);
+
+    // A failed export leaves the old file as it was, and nothing beside it.
+    const std::string old = folder.File("alt.ini");
+    std::ofstream(old, std::ios::binary) << "alt";
+    std::filesystem::permissions(old, std::filesystem::perms::owner_write, std::filesystem::perm_options::remove);
+    EXPECT_EQ(s.ExchangeSettings(0, "S", old.c_str()), 0);
+    EXPECT_EQ(ReadAll(old), "alt");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(std::filesystem::path(old).parent_path()),
+                            std::filesystem::directory_iterator()),
+              1);
+    std::filesystem::permissions(old, std::filesystem::perms::owner_write, std::filesystem::perm_options::add);
 }
 
 TEST(SettingsExchange, ExtensionChoosesTheFormat)

@@ -112,8 +112,9 @@ void CTwSystemError::WriteToFile(int code, const char* text, int asError)
     // A locked or unreachable log drops the record.
     if (!file.Open(m_sErrorFile, mode))
         return;
+    ULONGLONG oldLength = 0;
     try {
-        file.SeekToEnd();
+        oldLength = file.SeekToEnd();
         const __time64_t now = _time64(nullptr);
         tm local = {};
         _localtime64_s(&local, &now);
@@ -123,5 +124,13 @@ void CTwSystemError::WriteToFile(int code, const char* text, int asError)
         file.Close();
     } catch (CException* e) {
         e->Delete();
+        // A record cut short (a full disk) goes again; the earlier ones stay.
+        try {
+            if (file.m_hFile != CFile::hFileNull)
+                file.SetLength(oldLength);
+        } catch (CException* eAgain) {
+            eAgain->Delete();
+        }
+        file.Abort();
     }
 }

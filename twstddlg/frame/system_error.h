@@ -13,6 +13,11 @@
 // Debug level bit 0 (value 1) writes a record to the log for each report.
 // Construct one at start-up: the constructor reads the debug level
 // (HKCU\Software\Tesselwerk, "DebugLevel") and fixes the log file's path.
+// The log is appended to in place, not replaced through a temporary file:
+// copying the whole log for every record would cost more than the record,
+// and a writer that holds the log open elsewhere would lose its handle. A
+// record whose write fails is cut off again, so the log keeps the records
+// it had.
 class TWSTDDLG_API CTwSystemError
 {
 public:

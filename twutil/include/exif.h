@@ -15,6 +15,11 @@
 //   Data that is not a JPEG, a JPEG without EXIF or a broken header gives
 //   IsExif FALSE with every other field at its "absent" value, and
 //   GetLastError() says why.
+// - Numbers are defined for every input: a zero denominator, a NaN or an
+//   infinity (FLOAT and DOUBLE values) leaves its field absent, a GPS
+//   position with such a part or beyond 90 degrees of latitude or 180 of
+//   longitude is no position, and an integer field given a value outside
+//   the int range reads 0.
 // - Texts are taken up to the first NUL, with trailing blanks removed; they
 //   never contain NUL. EXIF says ASCII, but writers store either code page
 //   1252 or UTF-8 there: a text that is valid UTF-8 with at least one
@@ -126,9 +131,10 @@ struct ExifTag
     DWORD count;
     // Display text: the text of an ASCII value, values separated by blanks
     // (at most 64, then " ..."), rationals as decimals ("inf" or "undef" for
-    // a zero denominator). NUL-free.
+    // a zero denominator), floating values that are not finite as "nan",
+    // "inf" or "-inf". NUL-free.
     const char* text;
-    // A single numeric value, with its value in number.
+    // A single numeric value that is finite, with its value in number.
     bool isNumber;
     // That value is a whole number (integer types).
     bool isInteger;

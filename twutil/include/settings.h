@@ -211,7 +211,8 @@ public:
     // at path, in the format its extension names. Returns 1 on success and 0
     // on failure (unknown direction, null or empty path, file not readable or
     // writable, file refused as described above); a failed read leaves the
-    // store unchanged.
+    // store unchanged, a failed write the file (through CAtomicFile: a
+    // temporary file beside it replaces it only when complete).
     int ExchangeSettings(int direction, const char* section, const char* path);
 
     // The store as the text of an exchange file.

@@ -1,6 +1,7 @@
 #include "exif.h"
 
 #include "afxexcept.h"
+#include "cp1252.h"
 #include "jpeg_segments.h"
 #include "settings.h"
 
@@ -310,31 +311,27 @@ CString TextOf(const BYTE* p, size_t n)
 // UCS-2 text to cp1252 for the characters the code page has, '?' otherwise.
 CString Ucs2Text(const TiffBlock& t, size_t off, size_t n)
 {
-    static constexpr WORD kHigh[32] = {0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
-                                       0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0,      0x017D, 0,
-                                       0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
-                                       0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
     std::string out;
     for (size_t i = 0; i + 1 < n; i += 2) {
         const WORD c = t.u16(off + i);
         if (c == 0)
             break;
-        char ch = '?';
-        if (c < 0x80 || (c >= 0xA0 && c <= 0xFF))
-            ch = static_cast<char>(c);
-        else
-            for (int k = 0; k < 32; ++k)
-                if (kHigh[k] == c)
-                    ch = static_cast<char>(0x80 + k);
-        out += ch;
+        const int byte = twutil_cp1252::FromUnicode(c);
+        out += byte >= 0 ? static_cast<char>(byte) : '?';
     }
     while (!out.empty() && out.back() == ' ')
         out.pop_back();
     return CString(out.data(), static_cast<int>(out.size()));
 }
 
+// A number as the display text shows it; the same words for values that
+// are not finite in every C runtime.
 CString FormatNumber(double v)
 {
+    if (std::isnan(v))
+        return "nan";
+    if (std::isinf(v))
+        return v < 0 ? "-inf" : "inf";
     char buf[40];
     std::snprintf(buf, sizeof buf, "%.10g", v);
     return buf;
@@ -469,8 +466,8 @@ void Decoder::OnEntry(const Entry& e)
         if (numeric && e.count == 1) {
             bool ok = true;
             tag.number = m_t.Number(e, 0, &ok);
-            tag.isNumber = ok;
-            tag.isInteger = ok && IsIntegerType(e.type);
+            tag.isNumber = ok && std::isfinite(tag.number);
+            tag.isInteger = tag.isNumber && IsIntegerType(e.type);
         }
         m_cb(tag, m_ctx);
     }
@@ -483,7 +480,10 @@ void Decoder::Record(const Entry& e)
     const bool number = e.type != T_ASCII && e.type != T_UNDEFINED;
     bool ok = true;
     const double first = number ? m_t.Number(e, 0, &ok) : 0.0;
-    const bool value = number && ok;
+    // A zero denominator, a NaN or an infinity is no value: the field stays absent.
+    const bool value = number && ok && std::isfinite(first);
+    // Deliberately 0 for a number outside the int range (converting it
+    // would be undefined): the field then reads as "none".
     auto asInt = [&](double v) { return v >= INT_MIN && v <= INT_MAX ? int(v) : 0; };
 
     if (e.ifd == IFD_GPS) {
@@ -495,7 +495,7 @@ void Decoder::Record(const Entry& e)
                 if (parts[i] = m_t.Number(e, i, &ok); !ok)
                     return false;
             out = parts[0] + parts[1] / 60.0 + parts[2] / 3600.0;
-            return true;
+            return std::isfinite(out);
         };
         switch (e.id) {
         case 0x01:
@@ -513,7 +513,7 @@ void Decoder::Record(const Entry& e)
             m_hasLon = degrees(m_lon);
             break;
         case 0x05:
-            m_altRef = int(m_t.Number(e, 0));
+            m_altRef = value ? asInt(first) : 0;
             break;
         case 0x06:
             if (value) {
@@ -685,7 +685,8 @@ void Decoder::Finish()
     if (m_info.FNumber == 0 && m_hasAperture && std::fabs(m_apertureApex) < 64)
         m_info.FNumber = std::exp2(m_apertureApex / 2.0);
 
-    if (m_hasLat && m_hasLon) {
+    // A position off the globe is no position.
+    if (m_hasLat && m_hasLon && std::fabs(m_lat) <= 90 && std::fabs(m_lon) <= 180) {
         m_info.HasGps = TRUE;
         m_info.GpsLatitude = m_latRef == 'S' ? -m_lat : m_lat;
         m_info.GpsLongitude = m_lonRef == 'W' ? -m_lon : m_lon;

@@ -1,30 +1,12 @@
 #include "jpeg_segments.h"
 
+#include "cp1252.h"
+
 #include <algorithm>
 #include <cstring>
 #include <string>
 
 namespace twutil_jpeg {
-
-namespace {
-
-// Unicode code points of the cp1252 bytes 0x80..0x9F (0 where undefined).
-constexpr unsigned kCp1252High[32] = {0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
-                                      0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0,      0x017D, 0,
-                                      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
-                                      0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
-
-char ToCp1252(unsigned cp)
-{
-    if (cp < 0x80 || (cp >= 0xA0 && cp <= 0xFF))
-        return static_cast<char>(cp);
-    for (int i = 0; i < 32; ++i)
-        if (kCp1252High[i] == cp)
-            return static_cast<char>(0x80 + i);
-    return '?';
-}
-
-}  // namespace
 
 std::string Utf8ToCp1252(std::string_view in)
 {
@@ -71,7 +53,8 @@ std::string Utf8ToCp1252(std::string_view in)
             continue;
         }
         const bool valid = cp >= min && cp <= 0x10FFFF && !(cp >= 0xD800 && cp <= 0xDFFF);
-        out += valid ? ToCp1252(cp) : '?';
+        const int byte = valid ? twutil_cp1252::FromUnicode(cp) : -1;
+        out += byte >= 0 ? static_cast<char>(byte) : '?';
         i += extra + 1;
     }
     return out;
