@@ -142,7 +142,7 @@ protected: \
     } \
     const AFX_MSGMAP* PASCAL theClass::GetThisMessageMap() \
     { \
-        typedef theClass ThisClass; \
+        [[maybe_unused]] typedef theClass ThisClass; \
         typedef baseClass TheBaseClass; \
         static const AFX_MSGMAP_ENTRY _messageEntries[] = {
 

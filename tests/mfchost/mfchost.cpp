@@ -211,6 +211,7 @@ BOOL CMfcHostApp::InitInstance()
 	Check(dlg.m_nItemChanges == 1 && dlg.m_nHeaderColumns == 2, _T("ON_NOTIFY of the list control"));
 	Check(dlg.m_nScrollPos == 11, _T("ON_WM_HSCROLL moved the scroll bar"));
 	Check(dlg.m_bAboutInSystemMenu, _T("GetSystemMenu took the About item"));
+	Check(dlg.m_nAboutResult == IDOK, _T("ON_WM_SYSCOMMAND opened the About box, its OK closed it"));
 	Check(dlg.m_bIconSet, _T("SetIcon(HICON, BOOL)"));
 	Check(dlg.m_bTopMostToggled, _T("SetWindowPos with &wndTopMost and &wndNoTopMost"));
 

@@ -11,6 +11,39 @@
 
 // Posted by OnInitDialog: the dialog drives itself, as a user would.
 #define WM_RUN_SCRIPT (WM_APP + 1)
+// Posted before the About box opens: clicks its OK button.
+#define WM_CLOSE_ABOUT (WM_APP + 2)
+
+
+// CAboutDlg dialog used for App About
+
+class CAboutDlg : public CDialog
+{
+public:
+	CAboutDlg();
+
+// Dialog Data
+	enum { IDD = IDD_ABOUTBOX };
+
+	protected:
+	virtual void DoDataExchange(CDataExchange* pDX);    // DDX/DDV support
+
+// Implementation
+protected:
+	DECLARE_MESSAGE_MAP()
+};
+
+CAboutDlg::CAboutDlg() : CDialog(CAboutDlg::IDD)
+{
+}
+
+void CAboutDlg::DoDataExchange(CDataExchange* pDX)
+{
+	CDialog::DoDataExchange(pDX);
+}
+
+BEGIN_MESSAGE_MAP(CAboutDlg, CDialog)
+END_MESSAGE_MAP()
 
 
 // CMfcHostDlg dialog
@@ -30,6 +63,7 @@ CMfcHostDlg::CMfcHostDlg(CWnd* pParent /*=NULL*/)
 	, m_bIconSet(FALSE)
 	, m_bTopMostToggled(FALSE)
 	, m_nHeaderColumns(0)
+	, m_nAboutResult(-1)
 	, m_strName(_T("World"))
 {
 	m_hIcon = AfxGetApp()->LoadStandardIcon(IDI_APPLICATION);
@@ -43,6 +77,8 @@ void CMfcHostDlg::DoDataExchange(CDataExchange* pDX)
 
 BEGIN_MESSAGE_MAP(CMfcHostDlg, CDialog)
 	ON_WM_SYSCOMMAND()
+	ON_WM_PAINT()
+	ON_WM_QUERYDRAGICON()
 	ON_BN_CLICKED(IDC_RUN, &CMfcHostDlg::OnRun)
 	ON_BN_CLICKED(IDC_BARE, OnBare)
 	// An inherited handler, named bare as older code names it.
@@ -56,6 +92,7 @@ BEGIN_MESSAGE_MAP(CMfcHostDlg, CDialog)
 	ON_WM_HSCROLL()
 	ON_WM_INITMENUPOPUP()
 	ON_MESSAGE(WM_RUN_SCRIPT, &CMfcHostDlg::OnRunScript)
+	ON_MESSAGE(WM_CLOSE_ABOUT, &CMfcHostDlg::OnCloseAbout)
 END_MESSAGE_MAP()
 
 
@@ -113,12 +150,49 @@ void CMfcHostDlg::OnSysCommand(UINT nID, LPARAM lParam)
 {
 	if ((nID & 0xFFF0) == IDM_ABOUTBOX)
 	{
-		AfxMessageBox(IDS_ABOUTBOX);
+		CAboutDlg dlgAbout;
+		m_nAboutResult = dlgAbout.DoModal();
 	}
 	else
 	{
 		CDialog::OnSysCommand(nID, lParam);
 	}
+}
+
+// If you add a minimize button to your dialog, you will need the code below
+//  to draw the icon.  For MFC applications using the document/view model,
+//  this is automatically done for you by the framework.
+
+void CMfcHostDlg::OnPaint()
+{
+	if (IsIconic())
+	{
+		CPaintDC dc(this); // device context for painting
+
+		SendMessage(WM_ICONERASEBKGND, reinterpret_cast<WPARAM>(dc.GetSafeHdc()), 0);
+
+		// Center icon in client rectangle
+		int cxIcon = GetSystemMetrics(SM_CXICON);
+		int cyIcon = GetSystemMetrics(SM_CYICON);
+		CRect rect;
+		GetClientRect(&rect);
+		int x = (rect.Width() - cxIcon + 1) / 2;
+		int y = (rect.Height() - cyIcon + 1) / 2;
+
+		// Draw the icon
+		dc.DrawIcon(x, y, m_hIcon);
+	}
+	else
+	{
+		CDialog::OnPaint();
+	}
+}
+
+// The system calls this function to obtain the cursor to display while the user drags
+//  the minimized window.
+HCURSOR CMfcHostDlg::OnQueryDragIcon()
+{
+	return static_cast<HCURSOR>(m_hIcon);
 }
 
 void CMfcHostDlg::OnRun()
@@ -232,6 +306,20 @@ LRESULT CMfcHostDlg::OnRunScript(WPARAM /*wParam*/, LPARAM /*lParam*/)
 	SetWindowPos(&wndNoTopMost, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 	m_bTopMostToggled = bTopMost && (GetExStyle() & WS_EX_TOPMOST) == 0;
 
+	PostMessage(WM_CLOSE_ABOUT, 10);
+	SendMessage(WM_SYSCOMMAND, IDM_ABOUTBOX);
+
 	SendDlgItemMessage(IDC_CLOSE, BM_CLICK);
+	return 0;
+}
+
+// Runs inside the About box's modal loop; wParam counts the tries left.
+LRESULT CMfcHostDlg::OnCloseAbout(WPARAM wParam, LPARAM /*lParam*/)
+{
+	CWnd* pAbout = CWnd::FindWindow(NULL, _T("About mfchost"));
+	if (pAbout != NULL)
+		pAbout->SendDlgItemMessage(IDOK, BM_CLICK);
+	else if (wParam > 0)
+		PostMessage(WM_CLOSE_ABOUT, wParam - 1);
 	return 0;
 }

@@ -28,6 +28,7 @@ public:
 	BOOL m_bIconSet;
 	BOOL m_bTopMostToggled;
 	int m_nHeaderColumns;
+	INT_PTR m_nAboutResult;
 
 	protected:
 	virtual void DoDataExchange(CDataExchange* pDX);	// DDX/DDV support
@@ -42,6 +43,8 @@ protected:
 	// Generated message map functions
 	virtual BOOL OnInitDialog();
 	afx_msg void OnSysCommand(UINT nID, LPARAM lParam);
+	afx_msg void OnPaint();
+	afx_msg HCURSOR OnQueryDragIcon();
 	afx_msg void OnRun();
 	afx_msg void OnBare();
 	afx_msg void OnToolsCount();
@@ -52,5 +55,6 @@ protected:
 	afx_msg void OnHScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
 	afx_msg void OnInitMenuPopup(CMenu* pPopupMenu, UINT nIndex, BOOL bSysMenu);
 	afx_msg LRESULT OnRunScript(WPARAM wParam, LPARAM lParam);
+	afx_msg LRESULT OnCloseAbout(WPARAM wParam, LPARAM lParam);
 	DECLARE_MESSAGE_MAP()
 };

@@ -2,6 +2,7 @@
 // Resource identifiers of mfchost.rc.
 //
 #define IDM_ABOUTBOX                    0x0010
+#define IDD_ABOUTBOX                    100
 #define IDS_ABOUTBOX                    101
 #define IDD_MFCHOST_DIALOG              102
 #define IDS_GREETING                    103
