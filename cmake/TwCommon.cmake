@@ -8,6 +8,8 @@ include(GNUInstallDirs)
 add_library(tw_host_flags INTERFACE)
 set_target_properties(tw_host_flags PROPERTIES EXPORT_NAME host_flags)
 target_compile_features(tw_host_flags INTERFACE cxx_std_20)
+# The framework's debug build: ASSERT, TRACE and DEBUG_NEW are active (afxdebug.h).
+target_compile_definitions(tw_host_flags INTERFACE $<$<CONFIG:Debug>:_DEBUG>)
 
 # Flags for every target of ours (not for third-party code); the warnings
 # stay inside this build.

@@ -29,6 +29,7 @@
 #include "afx.h"
 #include "afxmsg.h"
 #include "afxwnd.h"
+#include "afxres.h"
 
 class CWinApp;
 class CWinThread;
@@ -43,10 +44,6 @@ class COleObjectFactory;
 #ifndef WM_KICKIDLE
 // Posted to make an idle message loop run its idle processing again.
 #define WM_KICKIDLE 0x036A
-#endif
-#ifndef AFX_IDS_APP_TITLE
-// String resource of the application's title, which becomes m_pszAppName.
-#define AFX_IDS_APP_TITLE 0xE000
 #endif
 
 #ifndef ON_THREAD_MESSAGE
@@ -288,6 +285,9 @@ public:
     // Opens help for dwData through WinHelpA with m_pszHelpFilePath, owned
     // by the main window. Tests replace it.
     virtual void WinHelp(DWORD_PTR dwData, UINT nCmd = HELP_CONTEXT);
+    // ID_HELP: opens the help file's contents (WinHelp with HELP_CONTENTS);
+    // there is no lookup of the active window's help context.
+    afx_msg void OnHelp();
 
     // Icons and cursors found along the resource chain, and the system's.
     HICON LoadIcon(LPCTSTR lpszResourceName) const;

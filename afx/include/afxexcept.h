@@ -182,3 +182,55 @@ public:
 [[noreturn]] AFX_API void AfxThrowUserException();
 [[noreturn]] AFX_API void AfxThrowArchiveException(int cause, LPCTSTR lpszArchiveName = NULL);
 [[noreturn]] AFX_API void AfxThrowFileException(int cause, LONG lOsError = -1, LPCTSTR lpszFileName = NULL);
+
+// ---- The framework's exception macros ----
+//
+//   TRY { ... }
+//   CATCH(CFileException, e) { ... e->m_cause ... }
+//   AND_CATCH(CMemoryException, e) { ... }
+//   END_CATCH
+//
+// CATCH binds e as a pointer of the named class and takes the exception
+// into the construct's keeping: it is deleted (Delete) when the construct
+// ends, however the handler leaves it, unless the handler passes it on
+// with THROW_LAST(). CATCH_ALL(e) catches every CException* and ends with
+// END_CATCH_ALL. THROW(e) throws the exception pointer e.
+
+// Keeps the exception a CATCH block caught until its TRY construct ends.
+class AfxCaughtException
+{
+public:
+    AfxCaughtException() = default;
+    AfxCaughtException(const AfxCaughtException&) = delete;
+    AfxCaughtException& operator=(const AfxCaughtException&) = delete;
+    ~AfxCaughtException()
+    {
+        if (m_pException != nullptr)
+            m_pException->Delete();
+    }
+    void Keep(CException* pException) { m_pException = pException; }
+    // THROW_LAST: the exception goes on and is no longer this construct's.
+    void Release() { m_pException = nullptr; }
+
+private:
+    CException* m_pException = nullptr;
+};
+
+#define TRY \
+    { \
+        AfxCaughtException afxCaught_; \
+        try {
+#define CATCH(class_name, e) \
+    } \
+    catch (class_name * e) \
+    { \
+        afxCaught_.Keep(e);
+#define AND_CATCH(class_name, e) CATCH(class_name, e)
+#define END_CATCH \
+    } \
+    }
+#define CATCH_ALL(e) CATCH(CException, e)
+#define AND_CATCH_ALL(e) CATCH(CException, e)
+#define END_CATCH_ALL END_CATCH
+#define THROW(e) throw e
+#define THROW_LAST() (afxCaught_.Release(), throw)

@@ -142,7 +142,7 @@ protected: \
     } \
     const AFX_MSGMAP* PASCAL theClass::GetThisMessageMap() \
     { \
-        typedef theClass ThisClass; \
+        [[maybe_unused]] typedef theClass ThisClass; \
         typedef baseClass TheBaseClass; \
         static const AFX_MSGMAP_ENTRY _messageEntries[] = {
 
@@ -156,9 +156,12 @@ protected: \
     return &messageMap; \
     }
 
-// Thunk bodies. PARAMS is the parenthesised parameter list of the handler
-// type, ARGS the parenthesised arguments built from wParam, lParam, message,
-// nID, nCode and pExtra.
+// Thunk bodies. pmf is the handler: a member pointer expression such as
+// &CMyDlg::OnX, or a bare member name (OnX), which this compiler accepts as
+// a member pointer in a class's own scope, as the framework's compiler does.
+// PARAMS is the parenthesised parameter list of the handler type, ARGS the
+// parenthesised arguments built from wParam, lParam, message, nID, nCode
+// and pExtra.
 #define AFX_THUNK_BEGIN [](CCmdTarget* pTarget_, AFX_MSGCALL& call_) -> BOOL { \
         [[maybe_unused]] ThisClass* const pThis_ = static_cast<ThisClass*>(pTarget_); \
         [[maybe_unused]] const UINT message = call_.message; \
@@ -168,26 +171,26 @@ protected: \
         [[maybe_unused]] void* const pExtra = call_.pExtra;
 
 // Calls a void handler; the message's result is lResultValue.
-#define AFX_THUNK_V(memberFxn, PARAMS, ARGS, lResultValue) \
+#define AFX_THUNK_V(pmf, PARAMS, ARGS, lResultValue) \
     AFX_THUNK_BEGIN \
-    void(ThisClass::*pmf_) PARAMS = &ThisClass::memberFxn; \
+    void(ThisClass::*pmf_) PARAMS = pmf; \
     (pThis_->*pmf_) ARGS; \
     call_.lResult = (lResultValue); \
     return TRUE; \
     }
 
 // Calls a handler whose return value is the message's result.
-#define AFX_THUNK_R(R, memberFxn, PARAMS, ARGS) \
+#define AFX_THUNK_R(R, pmf, PARAMS, ARGS) \
     AFX_THUNK_BEGIN \
-    R(ThisClass::*pmf_) PARAMS = &ThisClass::memberFxn; \
+    R(ThisClass::*pmf_) PARAMS = pmf; \
     call_.lResult = AfxMsgResult((pThis_->*pmf_) ARGS); \
     return TRUE; \
     }
 
 // Calls a handler whose BOOL says whether it handled the message.
-#define AFX_THUNK_EX(memberFxn, PARAMS, ARGS) \
+#define AFX_THUNK_EX(pmf, PARAMS, ARGS) \
     AFX_THUNK_BEGIN \
-    BOOL(ThisClass::*pmf_) PARAMS = &ThisClass::memberFxn; \
+    BOOL(ThisClass::*pmf_) PARAMS = pmf; \
     return (pThis_->*pmf_) ARGS ? TRUE : FALSE; \
     }
 
@@ -226,9 +229,9 @@ protected: \
 
 // Calls an update handler; it handled the command unless it asked
 // CCmdUI::ContinueRouting.
-#define AFX_THUNK_UPDATE(memberFxn) \
+#define AFX_THUNK_UPDATE(pmf) \
     AFX_THUNK_BEGIN \
-    void (ThisClass::*pmf_)(CCmdUI*) = &ThisClass::memberFxn; \
+    void (ThisClass::*pmf_)(CCmdUI*) = pmf; \
     CCmdUI* const pCmdUI_ = static_cast<CCmdUI*>(pExtra); \
     pCmdUI_->m_bContinueRouting = FALSE; \
     (pThis_->*pmf_)(pCmdUI_); \
@@ -341,33 +344,33 @@ protected: \
     })
 // void DrawItem(LPDRAWITEMSTRUCT)
 #define ON_WM_DRAWITEM_REFLECT() \
-    AFX_MSG_ENTRY(WM_REFLECT_BASE + WM_DRAWITEM, \
-                  AFX_THUNK_V(DrawItem, (LPDRAWITEMSTRUCT), (reinterpret_cast<LPDRAWITEMSTRUCT>(lParam)), TRUE))
+    AFX_MSG_ENTRY(WM_REFLECT_BASE + WM_DRAWITEM, AFX_THUNK_V(&ThisClass::DrawItem, (LPDRAWITEMSTRUCT), \
+                                                             (reinterpret_cast<LPDRAWITEMSTRUCT>(lParam)), TRUE))
 // void MeasureItem(LPMEASUREITEMSTRUCT)
 #define ON_WM_MEASUREITEM_REFLECT() \
-    AFX_MSG_ENTRY( \
-        WM_REFLECT_BASE + WM_MEASUREITEM, \
-        AFX_THUNK_V(MeasureItem, (LPMEASUREITEMSTRUCT), (reinterpret_cast<LPMEASUREITEMSTRUCT>(lParam)), TRUE))
+    AFX_MSG_ENTRY(WM_REFLECT_BASE + WM_MEASUREITEM, \
+                  AFX_THUNK_V(&ThisClass::MeasureItem, (LPMEASUREITEMSTRUCT), \
+                              (reinterpret_cast<LPMEASUREITEMSTRUCT>(lParam)), TRUE))
 // int CompareItem(LPCOMPAREITEMSTRUCT)
 #define ON_WM_COMPAREITEM_REFLECT() \
-    AFX_MSG_ENTRY(WM_REFLECT_BASE + WM_COMPAREITEM, AFX_THUNK_R(int, CompareItem, (LPCOMPAREITEMSTRUCT), \
+    AFX_MSG_ENTRY(WM_REFLECT_BASE + WM_COMPAREITEM, AFX_THUNK_R(int, &ThisClass::CompareItem, (LPCOMPAREITEMSTRUCT), \
                                                                 (reinterpret_cast<LPCOMPAREITEMSTRUCT>(lParam))))
 // void DeleteItem(LPDELETEITEMSTRUCT)
 #define ON_WM_DELETEITEM_REFLECT() \
-    AFX_MSG_ENTRY(WM_REFLECT_BASE + WM_DELETEITEM, \
-                  AFX_THUNK_V(DeleteItem, (LPDELETEITEMSTRUCT), (reinterpret_cast<LPDELETEITEMSTRUCT>(lParam)), TRUE))
+    AFX_MSG_ENTRY(WM_REFLECT_BASE + WM_DELETEITEM, AFX_THUNK_V(&ThisClass::DeleteItem, (LPDELETEITEMSTRUCT), \
+                                                               (reinterpret_cast<LPDELETEITEMSTRUCT>(lParam)), TRUE))
 // void HScroll(UINT nSBCode, UINT nPos)
 #define ON_WM_HSCROLL_REFLECT() \
-    AFX_MSG_ENTRY(WM_REFLECT_BASE + WM_HSCROLL, \
-                  AFX_THUNK_V(HScroll, (UINT, UINT), ((UINT)LOWORD(wParam), (UINT)(short)HIWORD(wParam)), 0))
+    AFX_MSG_ENTRY(WM_REFLECT_BASE + WM_HSCROLL, AFX_THUNK_V(&ThisClass::HScroll, (UINT, UINT), \
+                                                            ((UINT)LOWORD(wParam), (UINT)(short)HIWORD(wParam)), 0))
 // void VScroll(UINT nSBCode, UINT nPos)
 #define ON_WM_VSCROLL_REFLECT() \
-    AFX_MSG_ENTRY(WM_REFLECT_BASE + WM_VSCROLL, \
-                  AFX_THUNK_V(VScroll, (UINT, UINT), ((UINT)LOWORD(wParam), (UINT)(short)HIWORD(wParam)), 0))
+    AFX_MSG_ENTRY(WM_REFLECT_BASE + WM_VSCROLL, AFX_THUNK_V(&ThisClass::VScroll, (UINT, UINT), \
+                                                            ((UINT)LOWORD(wParam), (UINT)(short)HIWORD(wParam)), 0))
 // void ParentNotify(UINT message, LPARAM lParam)
 #define ON_WM_PARENTNOTIFY_REFLECT() \
     AFX_MSG_ENTRY(WM_REFLECT_BASE + WM_PARENTNOTIFY, \
-                  AFX_THUNK_V(ParentNotify, (UINT, LPARAM), ((UINT)wParam, lParam), 0))
+                  AFX_THUNK_V(&ThisClass::ParentNotify, (UINT, LPARAM), ((UINT)wParam, lParam), 0))
 
 // ---- Window messages ----
 
@@ -375,47 +378,53 @@ protected: \
 #define AFX_TEMP_DC(h) CDC::FromHandle(reinterpret_cast<HDC>(h))
 
 #define ON_WM_CREATE() \
-    AFX_MSG_ENTRY(WM_CREATE, AFX_THUNK_R(int, OnCreate, (LPCREATESTRUCT), (reinterpret_cast<LPCREATESTRUCT>(lParam))))
+    AFX_MSG_ENTRY(WM_CREATE, AFX_THUNK_R(int, &ThisClass::OnCreate, (LPCREATESTRUCT), \
+                                         (reinterpret_cast<LPCREATESTRUCT>(lParam))))
 #define ON_WM_NCCREATE() \
-    AFX_MSG_ENTRY(WM_NCCREATE, \
-                  AFX_THUNK_R(BOOL, OnNcCreate, (LPCREATESTRUCT), (reinterpret_cast<LPCREATESTRUCT>(lParam))))
-#define ON_WM_DESTROY() AFX_MSG_ENTRY(WM_DESTROY, AFX_THUNK_V(OnDestroy, (), (), 0))
-#define ON_WM_NCDESTROY() AFX_MSG_ENTRY(WM_NCDESTROY, AFX_THUNK_V(OnNcDestroy, (), (), 0))
-#define ON_WM_CLOSE() AFX_MSG_ENTRY(WM_CLOSE, AFX_THUNK_V(OnClose, (), (), 0))
+    AFX_MSG_ENTRY(WM_NCCREATE, AFX_THUNK_R(BOOL, &ThisClass::OnNcCreate, (LPCREATESTRUCT), \
+                                           (reinterpret_cast<LPCREATESTRUCT>(lParam))))
+#define ON_WM_DESTROY() AFX_MSG_ENTRY(WM_DESTROY, AFX_THUNK_V(&ThisClass::OnDestroy, (), (), 0))
+#define ON_WM_NCDESTROY() AFX_MSG_ENTRY(WM_NCDESTROY, AFX_THUNK_V(&ThisClass::OnNcDestroy, (), (), 0))
+#define ON_WM_CLOSE() AFX_MSG_ENTRY(WM_CLOSE, AFX_THUNK_V(&ThisClass::OnClose, (), (), 0))
 #define ON_WM_SIZE() \
-    AFX_MSG_ENTRY(WM_SIZE, AFX_THUNK_V(OnSize, (UINT, int, int), ((UINT)wParam, LOWORD(lParam), HIWORD(lParam)), 0))
+    AFX_MSG_ENTRY( \
+        WM_SIZE, AFX_THUNK_V(&ThisClass::OnSize, (UINT, int, int), ((UINT)wParam, LOWORD(lParam), HIWORD(lParam)), 0))
 #define ON_WM_SIZING() \
-    AFX_MSG_ENTRY(WM_SIZING, \
-                  AFX_THUNK_V(OnSizing, (UINT, LPRECT), ((UINT)wParam, reinterpret_cast<LPRECT>(lParam)), TRUE))
+    AFX_MSG_ENTRY(WM_SIZING, AFX_THUNK_V(&ThisClass::OnSizing, (UINT, LPRECT), \
+                                         ((UINT)wParam, reinterpret_cast<LPRECT>(lParam)), TRUE))
 #define ON_WM_MOVING() \
-    AFX_MSG_ENTRY(WM_MOVING, \
-                  AFX_THUNK_V(OnMoving, (UINT, LPRECT), ((UINT)wParam, reinterpret_cast<LPRECT>(lParam)), TRUE))
+    AFX_MSG_ENTRY(WM_MOVING, AFX_THUNK_V(&ThisClass::OnMoving, (UINT, LPRECT), \
+                                         ((UINT)wParam, reinterpret_cast<LPRECT>(lParam)), TRUE))
 #define ON_WM_MOVE() \
-    AFX_MSG_ENTRY(WM_MOVE, AFX_THUNK_V(OnMove, (int, int), (AFX_GET_X_LPARAM(lParam), AFX_GET_Y_LPARAM(lParam)), 0))
-#define ON_WM_ENTERSIZEMOVE() AFX_MSG_ENTRY(WM_ENTERSIZEMOVE, AFX_THUNK_V(OnEnterSizeMove, (), (), 0))
-#define ON_WM_EXITSIZEMOVE() AFX_MSG_ENTRY(WM_EXITSIZEMOVE, AFX_THUNK_V(OnExitSizeMove, (), (), 0))
-#define ON_WM_PAINT() AFX_MSG_ENTRY(WM_PAINT, AFX_THUNK_V(OnPaint, (), (), 0))
-#define ON_WM_ERASEBKGND() AFX_MSG_ENTRY(WM_ERASEBKGND, AFX_THUNK_R(BOOL, OnEraseBkgnd, (CDC*), (AFX_TEMP_DC(wParam))))
-#define ON_WM_TIMER() AFX_MSG_ENTRY(WM_TIMER, AFX_THUNK_V(OnTimer, (UINT_PTR), ((UINT_PTR)wParam), 0))
+    AFX_MSG_ENTRY( \
+        WM_MOVE, AFX_THUNK_V(&ThisClass::OnMove, (int, int), (AFX_GET_X_LPARAM(lParam), AFX_GET_Y_LPARAM(lParam)), 0))
+#define ON_WM_ENTERSIZEMOVE() AFX_MSG_ENTRY(WM_ENTERSIZEMOVE, AFX_THUNK_V(&ThisClass::OnEnterSizeMove, (), (), 0))
+#define ON_WM_EXITSIZEMOVE() AFX_MSG_ENTRY(WM_EXITSIZEMOVE, AFX_THUNK_V(&ThisClass::OnExitSizeMove, (), (), 0))
+#define ON_WM_PAINT() AFX_MSG_ENTRY(WM_PAINT, AFX_THUNK_V(&ThisClass::OnPaint, (), (), 0))
+#define ON_WM_ERASEBKGND() \
+    AFX_MSG_ENTRY(WM_ERASEBKGND, AFX_THUNK_R(BOOL, &ThisClass::OnEraseBkgnd, (CDC*), (AFX_TEMP_DC(wParam))))
+#define ON_WM_TIMER() AFX_MSG_ENTRY(WM_TIMER, AFX_THUNK_V(&ThisClass::OnTimer, (UINT_PTR), ((UINT_PTR)wParam), 0))
 #define ON_WM_KEYDOWN() \
-    AFX_MSG_ENTRY(WM_KEYDOWN, \
-                  AFX_THUNK_V(OnKeyDown, (UINT, UINT, UINT), ((UINT)wParam, LOWORD(lParam), HIWORD(lParam)), 0))
+    AFX_MSG_ENTRY(WM_KEYDOWN, AFX_THUNK_V(&ThisClass::OnKeyDown, (UINT, UINT, UINT), \
+                                          ((UINT)wParam, LOWORD(lParam), HIWORD(lParam)), 0))
 #define ON_WM_KEYUP() \
-    AFX_MSG_ENTRY(WM_KEYUP, AFX_THUNK_V(OnKeyUp, (UINT, UINT, UINT), ((UINT)wParam, LOWORD(lParam), HIWORD(lParam)), 0))
+    AFX_MSG_ENTRY(WM_KEYUP, AFX_THUNK_V(&ThisClass::OnKeyUp, (UINT, UINT, UINT), \
+                                        ((UINT)wParam, LOWORD(lParam), HIWORD(lParam)), 0))
 #define ON_WM_CHAR() \
-    AFX_MSG_ENTRY(WM_CHAR, AFX_THUNK_V(OnChar, (UINT, UINT, UINT), ((UINT)wParam, LOWORD(lParam), HIWORD(lParam)), 0))
+    AFX_MSG_ENTRY(WM_CHAR, AFX_THUNK_V(&ThisClass::OnChar, (UINT, UINT, UINT), \
+                                       ((UINT)wParam, LOWORD(lParam), HIWORD(lParam)), 0))
 #define ON_WM_SYSKEYDOWN() \
-    AFX_MSG_ENTRY(WM_SYSKEYDOWN, \
-                  AFX_THUNK_V(OnSysKeyDown, (UINT, UINT, UINT), ((UINT)wParam, LOWORD(lParam), HIWORD(lParam)), 0))
+    AFX_MSG_ENTRY(WM_SYSKEYDOWN, AFX_THUNK_V(&ThisClass::OnSysKeyDown, (UINT, UINT, UINT), \
+                                             ((UINT)wParam, LOWORD(lParam), HIWORD(lParam)), 0))
 #define ON_WM_SYSKEYUP() \
-    AFX_MSG_ENTRY(WM_SYSKEYUP, \
-                  AFX_THUNK_V(OnSysKeyUp, (UINT, UINT, UINT), ((UINT)wParam, LOWORD(lParam), HIWORD(lParam)), 0))
+    AFX_MSG_ENTRY(WM_SYSKEYUP, AFX_THUNK_V(&ThisClass::OnSysKeyUp, (UINT, UINT, UINT), \
+                                           ((UINT)wParam, LOWORD(lParam), HIWORD(lParam)), 0))
 #define ON_WM_SYSCHAR() \
-    AFX_MSG_ENTRY(WM_SYSCHAR, \
-                  AFX_THUNK_V(OnSysChar, (UINT, UINT, UINT), ((UINT)wParam, LOWORD(lParam), HIWORD(lParam)), 0))
+    AFX_MSG_ENTRY(WM_SYSCHAR, AFX_THUNK_V(&ThisClass::OnSysChar, (UINT, UINT, UINT), \
+                                          ((UINT)wParam, LOWORD(lParam), HIWORD(lParam)), 0))
 
 #define AFX_MOUSE_ENTRY(msg, memberFxn) \
-    AFX_MSG_ENTRY(msg, AFX_THUNK_V(memberFxn, (UINT, CPoint), ((UINT)wParam, AFX_LPARAM_POINT(lParam)), 0))
+    AFX_MSG_ENTRY(msg, AFX_THUNK_V(&ThisClass::memberFxn, (UINT, CPoint), ((UINT)wParam, AFX_LPARAM_POINT(lParam)), 0))
 #define ON_WM_LBUTTONDOWN() AFX_MOUSE_ENTRY(WM_LBUTTONDOWN, OnLButtonDown)
 #define ON_WM_LBUTTONUP() AFX_MOUSE_ENTRY(WM_LBUTTONUP, OnLButtonUp)
 #define ON_WM_LBUTTONDBLCLK() AFX_MOUSE_ENTRY(WM_LBUTTONDBLCLK, OnLButtonDblClk)
@@ -426,84 +435,92 @@ protected: \
 #define ON_WM_MBUTTONUP() AFX_MOUSE_ENTRY(WM_MBUTTONUP, OnMButtonUp)
 #define ON_WM_MOUSEMOVE() AFX_MOUSE_ENTRY(WM_MOUSEMOVE, OnMouseMove)
 #define ON_WM_MOUSEHOVER() AFX_MOUSE_ENTRY(WM_MOUSEHOVER, OnMouseHover)
-#define ON_WM_MOUSELEAVE() AFX_MSG_ENTRY(WM_MOUSELEAVE, AFX_THUNK_V(OnMouseLeave, (), (), 0))
+#define ON_WM_MOUSELEAVE() AFX_MSG_ENTRY(WM_MOUSELEAVE, AFX_THUNK_V(&ThisClass::OnMouseLeave, (), (), 0))
 #define ON_WM_MOUSEWHEEL() \
-    AFX_MSG_ENTRY(WM_MOUSEWHEEL, AFX_THUNK_R(BOOL, OnMouseWheel, (UINT, short, CPoint), \
+    AFX_MSG_ENTRY(WM_MOUSEWHEEL, AFX_THUNK_R(BOOL, &ThisClass::OnMouseWheel, (UINT, short, CPoint), \
                                              ((UINT)LOWORD(wParam), (short)HIWORD(wParam), AFX_LPARAM_POINT(lParam))))
 #define ON_WM_MOUSEACTIVATE() \
-    AFX_MSG_ENTRY(WM_MOUSEACTIVATE, AFX_THUNK_R(int, OnMouseActivate, (CWnd*, UINT, UINT), \
+    AFX_MSG_ENTRY(WM_MOUSEACTIVATE, AFX_THUNK_R(int, &ThisClass::OnMouseActivate, (CWnd*, UINT, UINT), \
                                                 (AFX_TEMP_WND(wParam), LOWORD(lParam), HIWORD(lParam))))
 #define ON_WM_SETCURSOR() \
-    AFX_MSG_ENTRY(WM_SETCURSOR, AFX_THUNK_R(BOOL, OnSetCursor, (CWnd*, UINT, UINT), \
+    AFX_MSG_ENTRY(WM_SETCURSOR, AFX_THUNK_R(BOOL, &ThisClass::OnSetCursor, (CWnd*, UINT, UINT), \
                                             (AFX_TEMP_WND(wParam), LOWORD(lParam), HIWORD(lParam))))
-#define ON_WM_SETFOCUS() AFX_MSG_ENTRY(WM_SETFOCUS, AFX_THUNK_V(OnSetFocus, (CWnd*), (AFX_TEMP_WND(wParam)), 0))
-#define ON_WM_KILLFOCUS() AFX_MSG_ENTRY(WM_KILLFOCUS, AFX_THUNK_V(OnKillFocus, (CWnd*), (AFX_TEMP_WND(wParam)), 0))
-#define ON_WM_ENABLE() AFX_MSG_ENTRY(WM_ENABLE, AFX_THUNK_V(OnEnable, (BOOL), ((BOOL)wParam), 0))
-#define ON_WM_GETDLGCODE() AFX_MSG_ENTRY(WM_GETDLGCODE, AFX_THUNK_R(UINT, OnGetDlgCode, (), ()))
+#define ON_WM_SETFOCUS() \
+    AFX_MSG_ENTRY(WM_SETFOCUS, AFX_THUNK_V(&ThisClass::OnSetFocus, (CWnd*), (AFX_TEMP_WND(wParam)), 0))
+#define ON_WM_KILLFOCUS() \
+    AFX_MSG_ENTRY(WM_KILLFOCUS, AFX_THUNK_V(&ThisClass::OnKillFocus, (CWnd*), (AFX_TEMP_WND(wParam)), 0))
+#define ON_WM_ENABLE() AFX_MSG_ENTRY(WM_ENABLE, AFX_THUNK_V(&ThisClass::OnEnable, (BOOL), ((BOOL)wParam), 0))
+#define ON_WM_GETDLGCODE() AFX_MSG_ENTRY(WM_GETDLGCODE, AFX_THUNK_R(UINT, &ThisClass::OnGetDlgCode, (), ()))
 
 // WM_CTLCOLORMSGBOX..WM_CTLCOLORSTATIC; nCtlColor is CTLCOLOR_MSGBOX..CTLCOLOR_STATIC.
 #define ON_WM_CTLCOLOR() \
-    AFX_MSG_ENTRY(WM_CTLCOLOR, AFX_THUNK_R(HBRUSH, OnCtlColor, (CDC*, CWnd*, UINT), \
+    AFX_MSG_ENTRY(WM_CTLCOLOR, AFX_THUNK_R(HBRUSH, &ThisClass::OnCtlColor, (CDC*, CWnd*, UINT), \
                                            (AFX_TEMP_DC(wParam), AFX_TEMP_WND(lParam), message - WM_CTLCOLORMSGBOX)))
 #define ON_WM_DRAWITEM() \
-    AFX_MSG_ENTRY(WM_DRAWITEM, AFX_THUNK_V(OnDrawItem, (int, LPDRAWITEMSTRUCT), \
+    AFX_MSG_ENTRY(WM_DRAWITEM, AFX_THUNK_V(&ThisClass::OnDrawItem, (int, LPDRAWITEMSTRUCT), \
                                            ((int)wParam, reinterpret_cast<LPDRAWITEMSTRUCT>(lParam)), TRUE))
 #define ON_WM_MEASUREITEM() \
-    AFX_MSG_ENTRY(WM_MEASUREITEM, AFX_THUNK_V(OnMeasureItem, (int, LPMEASUREITEMSTRUCT), \
+    AFX_MSG_ENTRY(WM_MEASUREITEM, AFX_THUNK_V(&ThisClass::OnMeasureItem, (int, LPMEASUREITEMSTRUCT), \
                                               ((int)wParam, reinterpret_cast<LPMEASUREITEMSTRUCT>(lParam)), TRUE))
 #define ON_WM_COMPAREITEM() \
-    AFX_MSG_ENTRY(WM_COMPAREITEM, AFX_THUNK_R(int, OnCompareItem, (int, LPCOMPAREITEMSTRUCT), \
+    AFX_MSG_ENTRY(WM_COMPAREITEM, AFX_THUNK_R(int, &ThisClass::OnCompareItem, (int, LPCOMPAREITEMSTRUCT), \
                                               ((int)wParam, reinterpret_cast<LPCOMPAREITEMSTRUCT>(lParam))))
 #define ON_WM_DELETEITEM() \
-    AFX_MSG_ENTRY(WM_DELETEITEM, AFX_THUNK_V(OnDeleteItem, (int, LPDELETEITEMSTRUCT), \
+    AFX_MSG_ENTRY(WM_DELETEITEM, AFX_THUNK_V(&ThisClass::OnDeleteItem, (int, LPDELETEITEMSTRUCT), \
                                              ((int)wParam, reinterpret_cast<LPDELETEITEMSTRUCT>(lParam)), TRUE))
 
 // Need the complete CMenu class.
 #define ON_WM_MENUCHAR() \
-    AFX_MSG_ENTRY(WM_MENUCHAR, AFX_THUNK_R(LRESULT, OnMenuChar, (UINT, UINT, CMenu*), \
+    AFX_MSG_ENTRY(WM_MENUCHAR, AFX_THUNK_R(LRESULT, &ThisClass::OnMenuChar, (UINT, UINT, CMenu*), \
                                            ((UINT)LOWORD(wParam), (UINT)HIWORD(wParam), \
                                             CMenu::FromHandle(reinterpret_cast<HMENU>(lParam)))))
 #define ON_WM_INITMENU() \
-    AFX_MSG_ENTRY(WM_INITMENU, \
-                  AFX_THUNK_V(OnInitMenu, (CMenu*), (CMenu::FromHandle(reinterpret_cast<HMENU>(wParam))), 0))
+    AFX_MSG_ENTRY(WM_INITMENU, AFX_THUNK_V(&ThisClass::OnInitMenu, (CMenu*), \
+                                           (CMenu::FromHandle(reinterpret_cast<HMENU>(wParam))), 0))
 #define ON_WM_INITMENUPOPUP() \
-    AFX_MSG_ENTRY(WM_INITMENUPOPUP, AFX_THUNK_V(OnInitMenuPopup, (CMenu*, UINT, BOOL), \
+    AFX_MSG_ENTRY(WM_INITMENUPOPUP, AFX_THUNK_V(&ThisClass::OnInitMenuPopup, (CMenu*, UINT, BOOL), \
                                                 (CMenu::FromHandle(reinterpret_cast<HMENU>(wParam)), \
                                                  (UINT)LOWORD(lParam), (BOOL)HIWORD(lParam)), \
                                                 0))
 #define ON_WM_MENUSELECT() \
     AFX_MSG_ENTRY(WM_MENUSELECT, \
-                  AFX_THUNK_V(OnMenuSelect, (UINT, UINT, HMENU), \
+                  AFX_THUNK_V(&ThisClass::OnMenuSelect, (UINT, UINT, HMENU), \
                               ((UINT)LOWORD(wParam), (UINT)HIWORD(wParam), reinterpret_cast<HMENU>(lParam)), 0))
-#define ON_WM_ENTERMENULOOP() AFX_MSG_ENTRY(WM_ENTERMENULOOP, AFX_THUNK_V(OnEnterMenuLoop, (BOOL), ((BOOL)wParam), 0))
-#define ON_WM_EXITMENULOOP() AFX_MSG_ENTRY(WM_EXITMENULOOP, AFX_THUNK_V(OnExitMenuLoop, (BOOL), ((BOOL)wParam), 0))
+#define ON_WM_ENTERMENULOOP() \
+    AFX_MSG_ENTRY(WM_ENTERMENULOOP, AFX_THUNK_V(&ThisClass::OnEnterMenuLoop, (BOOL), ((BOOL)wParam), 0))
+#define ON_WM_EXITMENULOOP() \
+    AFX_MSG_ENTRY(WM_EXITMENULOOP, AFX_THUNK_V(&ThisClass::OnExitMenuLoop, (BOOL), ((BOOL)wParam), 0))
 #define ON_WM_ENTERIDLE() \
-    AFX_MSG_ENTRY(WM_ENTERIDLE, AFX_THUNK_V(OnEnterIdle, (UINT, CWnd*), ((UINT)wParam, AFX_TEMP_WND(lParam)), 0))
+    AFX_MSG_ENTRY(WM_ENTERIDLE, \
+                  AFX_THUNK_V(&ThisClass::OnEnterIdle, (UINT, CWnd*), ((UINT)wParam, AFX_TEMP_WND(lParam)), 0))
 
 #define ON_WM_GETMINMAXINFO() \
     AFX_MSG_ENTRY(WM_GETMINMAXINFO, \
-                  AFX_THUNK_V(OnGetMinMaxInfo, (MINMAXINFO*), (reinterpret_cast<MINMAXINFO*>(lParam)), 0))
+                  AFX_THUNK_V(&ThisClass::OnGetMinMaxInfo, (MINMAXINFO*), (reinterpret_cast<MINMAXINFO*>(lParam)), 0))
 #define ON_WM_HELPINFO() \
-    AFX_MSG_ENTRY(WM_HELP, AFX_THUNK_R(BOOL, OnHelpInfo, (HELPINFO*), (reinterpret_cast<HELPINFO*>(lParam))))
+    AFX_MSG_ENTRY(WM_HELP, \
+                  AFX_THUNK_R(BOOL, &ThisClass::OnHelpInfo, (HELPINFO*), (reinterpret_cast<HELPINFO*>(lParam))))
 #define ON_WM_CONTEXTMENU() \
-    AFX_MSG_ENTRY(WM_CONTEXTMENU, \
-                  AFX_THUNK_V(OnContextMenu, (CWnd*, CPoint), (AFX_TEMP_WND(wParam), AFX_LPARAM_POINT(lParam)), 0))
+    AFX_MSG_ENTRY(WM_CONTEXTMENU, AFX_THUNK_V(&ThisClass::OnContextMenu, (CWnd*, CPoint), \
+                                              (AFX_TEMP_WND(wParam), AFX_LPARAM_POINT(lParam)), 0))
 #define ON_WM_SHOWWINDOW() \
-    AFX_MSG_ENTRY(WM_SHOWWINDOW, AFX_THUNK_V(OnShowWindow, (BOOL, UINT), ((BOOL)wParam, (UINT)lParam), 0))
+    AFX_MSG_ENTRY(WM_SHOWWINDOW, AFX_THUNK_V(&ThisClass::OnShowWindow, (BOOL, UINT), ((BOOL)wParam, (UINT)lParam), 0))
 #define ON_WM_ACTIVATE() \
-    AFX_MSG_ENTRY(WM_ACTIVATE, AFX_THUNK_V(OnActivate, (UINT, CWnd*, BOOL), \
+    AFX_MSG_ENTRY(WM_ACTIVATE, AFX_THUNK_V(&ThisClass::OnActivate, (UINT, CWnd*, BOOL), \
                                            ((UINT)LOWORD(wParam), AFX_TEMP_WND(lParam), (BOOL)HIWORD(wParam)), 0))
 #define ON_WM_ACTIVATEAPP() \
-    AFX_MSG_ENTRY(WM_ACTIVATEAPP, AFX_THUNK_V(OnActivateApp, (BOOL, DWORD), ((BOOL)wParam, (DWORD)lParam), 0))
-#define ON_WM_NCACTIVATE() AFX_MSG_ENTRY(WM_NCACTIVATE, AFX_THUNK_R(BOOL, OnNcActivate, (BOOL), ((BOOL)wParam)))
+    AFX_MSG_ENTRY(WM_ACTIVATEAPP, \
+                  AFX_THUNK_V(&ThisClass::OnActivateApp, (BOOL, DWORD), ((BOOL)wParam, (DWORD)lParam), 0))
+#define ON_WM_NCACTIVATE() \
+    AFX_MSG_ENTRY(WM_NCACTIVATE, AFX_THUNK_R(BOOL, &ThisClass::OnNcActivate, (BOOL), ((BOOL)wParam)))
 #define ON_WM_NCHITTEST() \
-    AFX_MSG_ENTRY(WM_NCHITTEST, AFX_THUNK_R(LRESULT, OnNcHitTest, (CPoint), (AFX_LPARAM_POINT(lParam))))
-#define ON_WM_NCPAINT() AFX_MSG_ENTRY(WM_NCPAINT, AFX_THUNK_V(OnNcPaint, (), (), 0))
+    AFX_MSG_ENTRY(WM_NCHITTEST, AFX_THUNK_R(LRESULT, &ThisClass::OnNcHitTest, (CPoint), (AFX_LPARAM_POINT(lParam))))
+#define ON_WM_NCPAINT() AFX_MSG_ENTRY(WM_NCPAINT, AFX_THUNK_V(&ThisClass::OnNcPaint, (), (), 0))
 #define ON_WM_NCCALCSIZE() \
-    AFX_MSG_ENTRY(WM_NCCALCSIZE, AFX_THUNK_V(OnNcCalcSize, (BOOL, NCCALCSIZE_PARAMS*), \
+    AFX_MSG_ENTRY(WM_NCCALCSIZE, AFX_THUNK_V(&ThisClass::OnNcCalcSize, (BOOL, NCCALCSIZE_PARAMS*), \
                                              ((BOOL)wParam, reinterpret_cast<NCCALCSIZE_PARAMS*>(lParam)), 0))
 #define AFX_NCMOUSE_ENTRY(msg, memberFxn) \
-    AFX_MSG_ENTRY(msg, AFX_THUNK_V(memberFxn, (UINT, CPoint), ((UINT)wParam, AFX_LPARAM_POINT(lParam)), 0))
+    AFX_MSG_ENTRY(msg, AFX_THUNK_V(&ThisClass::memberFxn, (UINT, CPoint), ((UINT)wParam, AFX_LPARAM_POINT(lParam)), 0))
 #define ON_WM_NCLBUTTONDOWN() AFX_NCMOUSE_ENTRY(WM_NCLBUTTONDOWN, OnNcLButtonDown)
 #define ON_WM_NCLBUTTONUP() AFX_NCMOUSE_ENTRY(WM_NCLBUTTONUP, OnNcLButtonUp)
 #define ON_WM_NCLBUTTONDBLCLK() AFX_NCMOUSE_ENTRY(WM_NCLBUTTONDBLCLK, OnNcLButtonDblClk)
@@ -515,38 +532,39 @@ protected: \
     ((h) != 0 ? static_cast<CScrollBar*>(CWnd::FromHandle(reinterpret_cast<HWND>(h))) : nullptr)
 #define ON_WM_HSCROLL() \
     AFX_MSG_ENTRY(WM_HSCROLL, \
-                  AFX_THUNK_V(OnHScroll, (UINT, UINT, CScrollBar*), \
+                  AFX_THUNK_V(&ThisClass::OnHScroll, (UINT, UINT, CScrollBar*), \
                               ((UINT)LOWORD(wParam), (UINT)(short)HIWORD(wParam), AFX_TEMP_SCROLLBAR(lParam)), 0))
 #define ON_WM_VSCROLL() \
     AFX_MSG_ENTRY(WM_VSCROLL, \
-                  AFX_THUNK_V(OnVScroll, (UINT, UINT, CScrollBar*), \
+                  AFX_THUNK_V(&ThisClass::OnVScroll, (UINT, UINT, CScrollBar*), \
                               ((UINT)LOWORD(wParam), (UINT)(short)HIWORD(wParam), AFX_TEMP_SCROLLBAR(lParam)), 0))
 
 #define ON_WM_SYSCOMMAND() \
-    AFX_MSG_ENTRY(WM_SYSCOMMAND, AFX_THUNK_V(OnSysCommand, (UINT, LPARAM), ((UINT)wParam, lParam), 0))
+    AFX_MSG_ENTRY(WM_SYSCOMMAND, AFX_THUNK_V(&ThisClass::OnSysCommand, (UINT, LPARAM), ((UINT)wParam, lParam), 0))
 #define ON_WM_WINDOWPOSCHANGED() \
-    AFX_MSG_ENTRY(WM_WINDOWPOSCHANGED, \
-                  AFX_THUNK_V(OnWindowPosChanged, (WINDOWPOS*), (reinterpret_cast<WINDOWPOS*>(lParam)), 0))
+    AFX_MSG_ENTRY(WM_WINDOWPOSCHANGED, AFX_THUNK_V(&ThisClass::OnWindowPosChanged, (WINDOWPOS*), \
+                                                   (reinterpret_cast<WINDOWPOS*>(lParam)), 0))
 #define ON_WM_WINDOWPOSCHANGING() \
-    AFX_MSG_ENTRY(WM_WINDOWPOSCHANGING, \
-                  AFX_THUNK_V(OnWindowPosChanging, (WINDOWPOS*), (reinterpret_cast<WINDOWPOS*>(lParam)), 0))
+    AFX_MSG_ENTRY(WM_WINDOWPOSCHANGING, AFX_THUNK_V(&ThisClass::OnWindowPosChanging, (WINDOWPOS*), \
+                                                    (reinterpret_cast<WINDOWPOS*>(lParam)), 0))
 #define ON_WM_DROPFILES() \
-    AFX_MSG_ENTRY(WM_DROPFILES, AFX_THUNK_V(OnDropFiles, (HDROP), (reinterpret_cast<HDROP>(wParam)), 0))
-#define ON_WM_CANCELMODE() AFX_MSG_ENTRY(WM_CANCELMODE, AFX_THUNK_V(OnCancelMode, (), (), 0))
+    AFX_MSG_ENTRY(WM_DROPFILES, AFX_THUNK_V(&ThisClass::OnDropFiles, (HDROP), (reinterpret_cast<HDROP>(wParam)), 0))
+#define ON_WM_CANCELMODE() AFX_MSG_ENTRY(WM_CANCELMODE, AFX_THUNK_V(&ThisClass::OnCancelMode, (), (), 0))
 #define ON_WM_CAPTURECHANGED() \
-    AFX_MSG_ENTRY(WM_CAPTURECHANGED, AFX_THUNK_V(OnCaptureChanged, (CWnd*), (AFX_TEMP_WND(lParam)), 0))
+    AFX_MSG_ENTRY(WM_CAPTURECHANGED, AFX_THUNK_V(&ThisClass::OnCaptureChanged, (CWnd*), (AFX_TEMP_WND(lParam)), 0))
 #define ON_WM_SETTINGCHANGE() \
-    AFX_MSG_ENTRY(WM_SETTINGCHANGE, \
-                  AFX_THUNK_V(OnSettingChange, (UINT, LPCTSTR), ((UINT)wParam, reinterpret_cast<LPCTSTR>(lParam)), 0))
+    AFX_MSG_ENTRY(WM_SETTINGCHANGE, AFX_THUNK_V(&ThisClass::OnSettingChange, (UINT, LPCTSTR), \
+                                                ((UINT)wParam, reinterpret_cast<LPCTSTR>(lParam)), 0))
 #define ON_WM_WININICHANGE() \
-    AFX_MSG_ENTRY(WM_WININICHANGE, AFX_THUNK_V(OnWinIniChange, (LPCTSTR), (reinterpret_cast<LPCTSTR>(lParam)), 0))
-#define ON_WM_SYSCOLORCHANGE() AFX_MSG_ENTRY(WM_SYSCOLORCHANGE, AFX_THUNK_V(OnSysColorChange, (), (), 0))
+    AFX_MSG_ENTRY(WM_WININICHANGE, \
+                  AFX_THUNK_V(&ThisClass::OnWinIniChange, (LPCTSTR), (reinterpret_cast<LPCTSTR>(lParam)), 0))
+#define ON_WM_SYSCOLORCHANGE() AFX_MSG_ENTRY(WM_SYSCOLORCHANGE, AFX_THUNK_V(&ThisClass::OnSysColorChange, (), (), 0))
 #define ON_WM_PARENTNOTIFY() \
-    AFX_MSG_ENTRY(WM_PARENTNOTIFY, AFX_THUNK_V(OnParentNotify, (UINT, LPARAM), ((UINT)wParam, lParam), 0))
-#define ON_WM_QUERYDRAGICON() AFX_MSG_ENTRY(WM_QUERYDRAGICON, AFX_THUNK_R(HCURSOR, OnQueryDragIcon, (), ()))
+    AFX_MSG_ENTRY(WM_PARENTNOTIFY, AFX_THUNK_V(&ThisClass::OnParentNotify, (UINT, LPARAM), ((UINT)wParam, lParam), 0))
+#define ON_WM_QUERYDRAGICON() AFX_MSG_ENTRY(WM_QUERYDRAGICON, AFX_THUNK_R(HCURSOR, &ThisClass::OnQueryDragIcon, (), ()))
 // The receiving child is being activated when lParam names it.
 #define ON_WM_MDIACTIVATE() \
-    AFX_MSG_ENTRY(WM_MDIACTIVATE, AFX_THUNK_V(OnMDIActivate, (BOOL, CWnd*, CWnd*), \
+    AFX_MSG_ENTRY(WM_MDIACTIVATE, AFX_THUNK_V(&ThisClass::OnMDIActivate, (BOOL, CWnd*, CWnd*), \
                                               (reinterpret_cast<HWND>(lParam) == pThis_->m_hWnd, AFX_TEMP_WND(lParam), \
                                                AFX_TEMP_WND(wParam)), \
                                               0))

@@ -131,6 +131,21 @@ typedef const RECT* LPCRECT;
 #define AFX_API
 #endif
 
+// Export macro of an extension DLL's classes, functions and data: exported
+// while the DLL itself is compiled (with _AFXEXT defined), imported by the
+// programs that use it.
+#if defined(_WIN32)
+#ifdef _AFXEXT
+#define AFX_EXT_CLASS __declspec(dllexport)
+#else
+#define AFX_EXT_CLASS __declspec(dllimport)
+#endif
+#else
+#define AFX_EXT_CLASS
+#endif
+#define AFX_EXT_API AFX_EXT_CLASS
+#define AFX_EXT_DATA AFX_EXT_CLASS
+
 // Opaque iteration position of the framework's collections.
 struct __POSITION
 {};

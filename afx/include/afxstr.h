@@ -16,12 +16,17 @@
 //   Truncate beyond the buffer and a negative Tokenize start throw
 //   CInvalidArgException*; running out of memory throws CMemoryException*.
 // - Format arguments may point into the string being formatted.
+// - Format, AppendFormat and TRACE check a literal format against their
+//   arguments at compile time and pass a CString argument as its text
+//   (afxformat.h).
 #pragma once
 
 #include "afxplatform.h"
+#include "afxformat.h"
 
 #include <atomic>
 #include <cstdarg>
+#include <type_traits>
 
 // Upper case of a code page 1252 byte; ß, µ and non-letters stay as they are.
 AFX_API char AfxToUpper1252(char ch);
@@ -129,19 +134,33 @@ public:
 
     // First ch at or after iStart; -1 if none or iStart is outside the text.
     int Find(char ch, int iStart = 0) const;
-    // First pszSub at or after iStart (0..length); -1 if none, and for a null or empty pszSub.
+    // First pszSub at or after iStart (0..length); -1 if none or pszSub is
+    // null. An empty pszSub is found at iStart, as strstr finds it.
     int Find(const char* pszSub, int iStart = 0) const;
     int ReverseFind(char ch) const;
     // First character that is in pszCharSet; -1 if none.
     int FindOneOf(const char* pszCharSet) const;
 
-    // printf formatting. The MSVC length modifiers I64, I32 and I work as in
-    // the Windows runtime. A null format leaves the string empty, and so does
-    // an argument the C runtime cannot convert.
-    void Format(const char* pszFormat, ...);
+    // printf formatting. A literal format is checked against the arguments
+    // at compile time (afxformat.h); a CString argument passes its text, as
+    // the framework's programs expect. The MSVC length modifiers (I64, I32,
+    // I, l as 32 bits, w, h for strings) work as in the Windows runtime. A
+    // null format leaves the string empty, and so does an argument the C
+    // runtime cannot convert.
+    template <class... Args>
+    void Format(AfxFormatString<std::type_identity_t<Args>...> pszFormat, const Args&... args)
+    {
+        static_assert((AfxFormat::kPassable<Args> && ...), "Format: an argument cannot be passed to printf");
+        FormatUnchecked(pszFormat.get(), AfxFormat::Pass(args)...);
+    }
     void FormatV(const char* pszFormat, va_list args);
     // As Format, appending; a null format or a failed conversion appends nothing.
-    void AppendFormat(const char* pszFormat, ...);
+    template <class... Args>
+    void AppendFormat(AfxFormatString<std::type_identity_t<Args>...> pszFormat, const Args&... args)
+    {
+        static_assert((AfxFormat::kPassable<Args> && ...), "AppendFormat: an argument cannot be passed to printf");
+        AppendFormatUnchecked(pszFormat.get(), AfxFormat::Pass(args)...);
+    }
     void AppendFormatV(const char* pszFormat, va_list args);
 
     // Trimming removes ASCII white space (space, \t, \n, \v, \f, \r), one
@@ -183,9 +202,36 @@ public:
     // Replaces the text with string resource nID from the module that
     // AfxFindStringResourceHandle names; FALSE, text unchanged, if none has it.
     BOOL LoadString(UINT nID);
-    // Format with string resource nFormatID as the format; a missing string
-    // leaves the string empty.
-    void Format(UINT nFormatID, ...);
+    // Format with string resource nFormatID as the format (unchecked); a
+    // missing string leaves the string empty.
+    template <class... Args>
+    void Format(UINT nFormatID, const Args&... args)
+    {
+        static_assert((AfxFormat::kPassable<Args> && ...), "Format: an argument cannot be passed to printf");
+        FormatResourceUnchecked(nFormatID, AfxFormat::Pass(args)...);
+    }
+    // Message formatting through the system's FormatMessage
+    // (FORMAT_MESSAGE_FROM_STRING): inserts %1..%99, each an argument, "!s!"
+    // unless the insert names a printf conversion such as %2!d!. A CString
+    // argument passes its text; each insert needs its argument, as the
+    // system reads them unchecked. Throws CMemoryException* when the system
+    // cannot format (a malformed insert).
+    template <class... Args>
+    void FormatMessage(LPCTSTR pszFormat, const Args&... args)
+    {
+        static_assert((AfxFormat::kPassable<Args> && ...), "FormatMessage: an argument cannot be passed");
+        FormatMessageUnchecked(pszFormat, AfxFormat::Pass(args)...);
+    }
+    // As FormatMessage with string resource nFormatID as the format; a
+    // missing string leaves the string empty.
+    template <class... Args>
+    void FormatMessage(UINT nFormatID, const Args&... args)
+    {
+        static_assert((AfxFormat::kPassable<Args> && ...), "FormatMessage: an argument cannot be passed");
+        FormatMessageResourceUnchecked(nFormatID, AfxFormat::Pass(args)...);
+    }
+    // FormatMessage with the arguments in *pArgList.
+    void FormatMessageV(LPCTSTR pszFormat, va_list* pArgList);
 #endif
 
 private:
@@ -199,8 +245,22 @@ private:
     int InsertBytes(int iIndex, const char* pch, int nLength);
     void PutFormatted(int keep, int nLength, const char* pszFormat, va_list args);
 
+    // The C variadic cores of the formatting templates; every argument is
+    // already a scalar or a pointer.
+    void FormatUnchecked(const char* pszFormat, ...);
+    void AppendFormatUnchecked(const char* pszFormat, ...);
+#ifdef _WIN32
+    void FormatResourceUnchecked(UINT nFormatID, ...);
+    void FormatMessageUnchecked(LPCTSTR pszFormat, ...);
+    void FormatMessageResourceUnchecked(UINT nFormatID, ...);
+#endif
+
     char* m_pszData;
 };
+
+template <class... Args>
+AfxFormatString<Args...>::AfxFormatString(const CString& text) : m_psz(text.GetString())
+{}
 
 AFX_API CString operator+(const CString& str1, const CString& str2);
 AFX_API CString operator+(const CString& str1, const char* psz2);

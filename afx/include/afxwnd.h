@@ -1,5 +1,5 @@
-// Command targets, windows, dialogs, dialog data exchange and the basic
-// controls.
+// Windows: CWnd, the handle maps, the window procedure and the window
+// creation hook.
 //
 // Handle maps: each thread keeps a permanent map (HWND -> the CWnd attached
 // to it by Create, Attach or SubclassWindow) and a temporary map of CWnd
@@ -25,68 +25,11 @@
 #include "afxmsg.h"
 #include "afxgdi.h"
 #include "afxmenu.h"
+#include "afxcmd.h"
 
-class CWnd;
-class CMenu;
 class CScrollBar;
 class CDataExchange;
 class CCreateContext;
-
-// ---- Command targets ----
-
-// The base of everything that receives commands through a message map.
-class AFX_API CCmdTarget : public CObject
-{
-    DECLARE_DYNAMIC(CCmdTarget)
-
-public:
-    CCmdTarget();
-    ~CCmdTarget() override;
-
-    // Routes a command, an update request (CN_UPDATE_COMMAND_UI), a control
-    // notification or a WM_NOTIFY (nCode MAKELONG(code, WM_NOTIFY), pExtra
-    // AFX_NOTIFY*) to this object's message map; TRUE if a handler took it.
-    // With pHandlerInfo only reports whether a handler exists.
-    virtual BOOL OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo);
-
-    void BeginWaitCursor();
-    void EndWaitCursor();
-    void RestoreWaitCursor();
-
-    DECLARE_MESSAGE_MAP()
-};
-
-// The state of one command's user interface (menu item, control) that an
-// ON_UPDATE_COMMAND_UI handler sets.
-class AFX_API CCmdUI
-{
-public:
-    CCmdUI();
-    virtual ~CCmdUI() = default;
-
-    UINT m_nID;
-    UINT m_nIndex;
-    CMenu* m_pMenu;
-    CMenu* m_pSubMenu;
-    CMenu* m_pParentMenu;
-    CWnd* m_pOther;
-    UINT m_nIndexMax;
-    BOOL m_bEnableChanged;
-    BOOL m_bContinueRouting;
-
-    virtual void Enable(BOOL bOn = TRUE);
-    // 0 unchecked, 1 checked, 2 indeterminate.
-    virtual void SetCheck(int nCheck = 1);
-    virtual void SetRadio(BOOL bOn = TRUE);
-    virtual void SetText(LPCTSTR lpszText);
-    // Lets the command's update request go on to the next target.
-    void ContinueRouting();
-    // Asks pTarget to update this user interface item; with
-    // bDisableIfNoHndler an item whose command has no handler is disabled.
-    BOOL DoUpdate(CCmdTarget* pTarget, BOOL bDisableIfNoHndler);
-};
-
-// ---- Windows ----
 
 // CWnd::m_nFlags.
 #define WF_MODALLOOP 0x0008
@@ -225,6 +168,17 @@ public:
     // for a window without one, kept inside the work area.
     void CenterWindow(CWnd* pAlternateOwner = NULL);
     void BringWindowToTop();
+
+    // The large (bBigIcon TRUE) or small icon of the caption and task
+    // switcher; SetIcon returns the previous one.
+    HICON SetIcon(HICON hIcon, BOOL bBigIcon);
+    HICON GetIcon(BOOL bBigIcon) const;
+
+    // Insert-after positions for SetWindowPos (&wndTopMost, ...).
+    static const CWnd wndTop;
+    static const CWnd wndBottom;
+    static const CWnd wndTopMost;
+    static const CWnd wndNoTopMost;
 
     // Menu bar and system menu (temporary objects unless permanent).
     BOOL SetMenu(CMenu* pMenu);
@@ -393,6 +347,9 @@ public:
     afx_msg void OnMDIActivate(BOOL bActivate, CWnd* pActivateWnd, CWnd* pDeactivateWnd);
 
 protected:
+    // The insert-after positions: objects that only carry a special handle.
+    explicit CWnd(HWND hWndInsertAfter);
+
     // Lets a derived class look at a window before it is subclassed.
     virtual void PreSubclassWindow();
     BOOL CreateDlgIndirect(LPCDLGTEMPLATE lpDialogTemplate, CWnd* pParentWnd, HINSTANCE hInst);
@@ -429,368 +386,3 @@ AFX_API BOOL AfxUnlockTempMaps(BOOL bDeleteTemps = TRUE);
 // Diagnostics: how many temporary objects (windows, device contexts, GDI
 // objects, menus, image lists) the calling thread holds.
 AFX_API INT_PTR AfxGetTempObjectCount();
-
-// ---- Dialogs ----
-
-// A dialog from a template: modal through DoModal (the framework's own loop,
-// in which PreTranslateMessage sees every message before IsDialogMessage),
-// modeless through Create.
-class AFX_API CDialog : public CWnd
-{
-    DECLARE_DYNAMIC(CDialog)
-
-public:
-    CDialog();
-    explicit CDialog(LPCTSTR lpszTemplateName, CWnd* pParentWnd = NULL);
-    explicit CDialog(UINT nIDTemplate, CWnd* pParentWnd = NULL);
-    ~CDialog() override;
-
-    LPCTSTR m_lpszTemplateName;
-    HGLOBAL m_hDialogTemplate;
-    LPCDLGTEMPLATE m_lpDialogTemplate;
-    void* m_lpDialogInit;
-    CWnd* m_pParentWnd;
-    HWND m_hWndTop;
-    UINT m_nIDHelp;
-
-    // Modeless creation from the template found along the resource chain.
-    virtual BOOL Create(LPCTSTR lpszTemplateName, CWnd* pParentWnd = NULL);
-    virtual BOOL Create(UINT nIDTemplate, CWnd* pParentWnd = NULL);
-    virtual BOOL CreateIndirect(LPCDLGTEMPLATE lpDialogTemplate, CWnd* pParentWnd = NULL, void* lpDialogInit = NULL);
-    virtual BOOL CreateIndirect(HGLOBAL hDialogTemplate, CWnd* pParentWnd = NULL);
-    // For a dialog run with DoModal from a template in memory.
-    BOOL InitModalIndirect(LPCDLGTEMPLATE lpDialogTemplate, CWnd* pParentWnd = NULL, void* lpDialogInit = NULL);
-    BOOL InitModalIndirect(HGLOBAL hDialogTemplate, CWnd* pParentWnd = NULL);
-
-    // Shows the dialog modally and returns the EndDialog result; -1 when
-    // the template is missing or the dialog could not be created.
-    virtual INT_PTR DoModal();
-    void EndDialog(int nResult);
-
-    void GotoDlgCtrl(CWnd* pWndCtrl);
-    void NextDlgCtrl() const;
-    void PrevDlgCtrl() const;
-    void SetDefID(UINT nID);
-    DWORD GetDefID() const;
-    void MapDialogRect(LPRECT lpRect) const;
-    void SetHelpID(UINT nIDR) { m_nIDHelp = nIDR; }
-
-    // Called for WM_INITDIALOG; transfers data into the controls (UpdateData(FALSE)).
-    virtual BOOL OnInitDialog();
-    virtual void OnSetFont(CFont* pFont);
-    BOOL PreTranslateMessage(MSG* pMsg) override;
-    BOOL OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo) override;
-
-protected:
-    // IDOK: validates and stores the data (UpdateData(TRUE)), then EndDialog(IDOK).
-    virtual void OnOK();
-    // IDCANCEL: EndDialog(IDCANCEL).
-    virtual void OnCancel();
-    // The owner the modal dialog disables: the parent's top-level window,
-    // else the main window.
-    HWND PreModal();
-    void PostModal();
-
-    afx_msg LRESULT HandleInitDialog(WPARAM wParam, LPARAM lParam);
-    afx_msg LRESULT HandleSetFont(WPARAM wParam, LPARAM lParam);
-
-    DECLARE_MESSAGE_MAP()
-
-private:
-    void Init(CWnd* pParentWnd);
-};
-
-// ---- Dialog data exchange ----
-
-// The help ids of the framework's parse and validation messages.
-#define AFX_IDP_PARSE_INT 0xF110
-#define AFX_IDP_PARSE_REAL 0xF111
-#define AFX_IDP_PARSE_INT_RANGE 0xF112
-#define AFX_IDP_PARSE_REAL_RANGE 0xF113
-#define AFX_IDP_PARSE_STRING_SIZE 0xF114
-#define AFX_IDP_PARSE_RADIO_BUTTON 0xF115
-#define AFX_IDP_PARSE_BYTE 0xF116
-#define AFX_IDP_PARSE_UINT 0xF117
-#define AFX_IDP_INTERNAL_FAILURE 0xF108
-
-// The context of one UpdateData: direction, dialog and the last control
-// exchanged (where Fail puts the focus).
-class AFX_API CDataExchange
-{
-public:
-    CDataExchange(CWnd* pDlgWnd, BOOL bSaveAndValidate);
-
-    BOOL m_bSaveAndValidate;
-    CWnd* m_pDlgWnd;
-    UINT m_idLastControl;
-    BOOL m_bEditLastControl;
-
-    // The control nIDC, which becomes the last control; throws
-    // CNotSupportedException if the dialog has no such control.
-    HWND PrepareCtrl(int nIDC);
-    // As PrepareCtrl for an edit control: Fail selects its text.
-    HWND PrepareEditCtrl(int nIDC);
-    // Ends a failed validation: focus (and selection) back to the last
-    // control, then throws CUserException. The caller has told the user.
-    [[noreturn]] void Fail();
-};
-
-// Text of control nIDC <-> value. Numbers are read as the C locale reads
-// them (a decimal point, not a comma), with white space around allowed;
-// anything else shows "Please enter an integer." or "Please enter a
-// number." through AfxMessageBox and fails.
-AFX_API void DDX_Text(CDataExchange* pDX, int nIDC, CString& value);
-AFX_API void DDX_Text(CDataExchange* pDX, int nIDC, int& value);
-AFX_API void DDX_Text(CDataExchange* pDX, int nIDC, UINT& value);
-AFX_API void DDX_Text(CDataExchange* pDX, int nIDC, long& value);
-AFX_API void DDX_Text(CDataExchange* pDX, int nIDC, DWORD& value);
-AFX_API void DDX_Text(CDataExchange* pDX, int nIDC, BYTE& value);
-AFX_API void DDX_Text(CDataExchange* pDX, int nIDC, short& value);
-AFX_API void DDX_Text(CDataExchange* pDX, int nIDC, float& value);
-AFX_API void DDX_Text(CDataExchange* pDX, int nIDC, double& value);
-AFX_API void DDX_Text(CDataExchange* pDX, int nIDC, LPTSTR value, int nMaxLen);
-// Check state of a check box (0, 1, 2).
-AFX_API void DDX_Check(CDataExchange* pDX, int nIDC, int& value);
-// Index of the checked radio button of the group that starts at nIDC; -1 for none.
-AFX_API void DDX_Radio(CDataExchange* pDX, int nIDC, int& value);
-// Subclasses control nIDC with rControl the first time.
-AFX_API void DDX_Control(CDataExchange* pDX, int nIDC, CWnd& rControl);
-
-// Validation after the DDX_ call of the same control.
-AFX_API void DDV_MaxChars(CDataExchange* pDX, const CString& value, int nChars);
-AFX_API void DDV_MinMaxInt(CDataExchange* pDX, int value, int minVal, int maxVal);
-AFX_API void DDV_MinMaxUInt(CDataExchange* pDX, UINT value, UINT minVal, UINT maxVal);
-AFX_API void DDV_MinMaxLong(CDataExchange* pDX, long value, long minVal, long maxVal);
-AFX_API void DDV_MinMaxDWord(CDataExchange* pDX, DWORD value, DWORD minVal, DWORD maxVal);
-AFX_API void DDV_MinMaxDouble(CDataExchange* pDX, const double& value, double minVal, double maxVal);
-
-// ---- Controls ----
-
-// A static control: text, frame, icon or bitmap.
-class AFX_API CStatic : public CWnd
-{
-    DECLARE_DYNAMIC(CStatic)
-
-public:
-    CStatic();
-    BOOL Create(LPCTSTR lpszText, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID = 0xffff);
-
-    // Each returns the previous image.
-    HICON SetIcon(HICON hIcon);
-    HICON GetIcon() const;
-    HBITMAP SetBitmap(HBITMAP hBitmap);
-    HBITMAP GetBitmap() const;
-    HCURSOR SetCursor(HCURSOR hCursor);
-    HCURSOR GetCursor();
-    HENHMETAFILE SetEnhMetaFile(HENHMETAFILE hMetaFile);
-};
-
-// A push button, check box, radio button or group box.
-class AFX_API CButton : public CWnd
-{
-    DECLARE_DYNAMIC(CButton)
-
-public:
-    CButton();
-    BOOL Create(LPCTSTR lpszCaption, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
-
-    UINT GetState() const;
-    void SetState(BOOL bHighlight);
-    int GetCheck() const;
-    void SetCheck(int nCheck);
-    UINT GetButtonStyle() const;
-    void SetButtonStyle(UINT nStyle, BOOL bRedraw = TRUE);
-    HICON SetIcon(HICON hIcon);
-    HICON GetIcon() const;
-    HBITMAP SetBitmap(HBITMAP hBitmap);
-    HBITMAP GetBitmap() const;
-
-    // Draws an owner-draw button; the parent's WM_DRAWITEM comes here.
-    virtual void DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct);
-
-protected:
-    BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
-};
-
-// An edit control.
-class AFX_API CEdit : public CWnd
-{
-    DECLARE_DYNAMIC(CEdit)
-
-public:
-    CEdit();
-    BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
-
-    BOOL CanUndo() const;
-    int GetLineCount() const;
-    BOOL GetModify() const;
-    void SetModify(BOOL bModified = TRUE);
-    void GetRect(LPRECT lpRect) const;
-    // Start in the low word, end in the high word.
-    DWORD GetSel() const;
-    void GetSel(int& nStartChar, int& nEndChar) const;
-    // Copies line nIndex into lpszBuffer (its first WORD holds the room
-    // when nMaxLength is not given); returns the characters copied, no NUL.
-    int GetLine(int nIndex, LPTSTR lpszBuffer) const;
-    int GetLine(int nIndex, LPTSTR lpszBuffer, int nMaxLength) const;
-    void EmptyUndoBuffer();
-    BOOL FmtLines(BOOL bAddEOL);
-    void LimitText(int nChars = 0);
-    UINT GetLimitText() const;
-    void SetLimitText(UINT nMax);
-    int LineFromChar(int nIndex = -1) const;
-    int LineIndex(int nLine = -1) const;
-    int LineLength(int nLine = -1) const;
-    void LineScroll(int nLines, int nChars = 0);
-    void ReplaceSel(LPCTSTR lpszNewText, BOOL bCanUndo = FALSE);
-    void SetPasswordChar(TCHAR ch);
-    TCHAR GetPasswordChar() const;
-    void SetSel(DWORD dwSelection, BOOL bNoScroll = FALSE);
-    void SetSel(int nStartChar, int nEndChar, BOOL bNoScroll = FALSE);
-    BOOL SetReadOnly(BOOL bReadOnly = TRUE);
-    int GetFirstVisibleLine() const;
-    CPoint PosFromChar(UINT nChar) const;
-    int CharFromPos(CPoint pt) const;
-    void SetMargins(UINT nLeft, UINT nRight);
-    DWORD GetMargins() const;
-
-    void Clear();
-    void Copy();
-    void Cut();
-    void Paste();
-    BOOL Undo();
-};
-
-// A scroll bar control.
-class AFX_API CScrollBar : public CWnd
-{
-    DECLARE_DYNAMIC(CScrollBar)
-
-public:
-    CScrollBar();
-    BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
-
-    int GetScrollPos() const;
-    int SetScrollPos(int nPos, BOOL bRedraw = TRUE);
-    void GetScrollRange(LPINT lpMinPos, LPINT lpMaxPos) const;
-    void SetScrollRange(int nMinPos, int nMaxPos, BOOL bRedraw = TRUE);
-    void ShowScrollBar(BOOL bShow = TRUE);
-    BOOL EnableScrollBar(UINT nArrowFlags = ESB_ENABLE_BOTH);
-    BOOL SetScrollInfo(LPSCROLLINFO lpScrollInfo, BOOL bRedraw = TRUE);
-    BOOL GetScrollInfo(LPSCROLLINFO lpScrollInfo, UINT nMask = SIF_ALL);
-    int GetScrollLimit();
-};
-
-// A list box. Indexes are 0-based; LB_ERR (-1) reports a failure.
-class AFX_API CListBox : public CWnd
-{
-    DECLARE_DYNAMIC(CListBox)
-
-public:
-    CListBox();
-    BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
-
-    int GetCount() const;
-    int GetTopIndex() const;
-    int SetTopIndex(int nIndex);
-    DWORD_PTR GetItemData(int nIndex) const;
-    int SetItemData(int nIndex, DWORD_PTR dwItemData);
-    void* GetItemDataPtr(int nIndex) const;
-    int SetItemDataPtr(int nIndex, void* pData);
-    int GetItemRect(int nIndex, LPRECT lpRect) const;
-    int GetItemHeight(int nIndex) const;
-    int SetItemHeight(int nIndex, UINT cyItemHeight);
-    int GetText(int nIndex, LPTSTR lpszBuffer) const;
-    void GetText(int nIndex, CString& rString) const;
-    int GetTextLen(int nIndex) const;
-    void SetHorizontalExtent(int cxExtent);
-
-    // Single selection.
-    int GetCurSel() const;
-    int SetCurSel(int nSelect);
-    // Multiple selection.
-    int GetSel(int nIndex) const;
-    int SetSel(int nIndex, BOOL bSelect = TRUE);
-    int GetSelCount() const;
-    // Fills rgIndex with up to nMaxItems selected indexes; returns how many.
-    int GetSelItems(int nMaxItems, LPINT rgIndex) const;
-    int GetCaretIndex() const;
-    int SetCaretIndex(int nIndex, BOOL bScroll = TRUE);
-    int SelItemRange(BOOL bSelect, int nFirstItem, int nLastItem);
-
-    int AddString(LPCTSTR lpszItem);
-    int InsertString(int nIndex, LPCTSTR lpszItem);
-    // Returns the number of items left.
-    int DeleteString(UINT nIndex);
-    void ResetContent();
-    // Searches after nStartAfter (-1: from the start) for an item that
-    // begins with (FindString) or equals (FindStringExact) the text,
-    // ignoring case.
-    int FindString(int nStartAfter, LPCTSTR lpszItem) const;
-    int FindStringExact(int nIndexStart, LPCTSTR lpszFind) const;
-    int SelectString(int nStartAfter, LPCTSTR lpszItem);
-    int ItemFromPoint(CPoint pt, BOOL& bOutside) const;
-
-    virtual void DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct);
-    virtual void MeasureItem(LPMEASUREITEMSTRUCT lpMeasureItemStruct);
-    virtual int CompareItem(LPCOMPAREITEMSTRUCT lpCompareItemStruct);
-    virtual void DeleteItem(LPDELETEITEMSTRUCT lpDeleteItemStruct);
-
-protected:
-    BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
-};
-
-// A combo box. Indexes are 0-based; CB_ERR (-1) reports a failure.
-class AFX_API CComboBox : public CWnd
-{
-    DECLARE_DYNAMIC(CComboBox)
-
-public:
-    CComboBox();
-    BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
-
-    int GetCount() const;
-    int GetCurSel() const;
-    int SetCurSel(int nSelect);
-    DWORD GetEditSel() const;
-    BOOL LimitText(int nMaxChars);
-    BOOL SetEditSel(int nStartChar, int nEndChar);
-    DWORD_PTR GetItemData(int nIndex) const;
-    int SetItemData(int nIndex, DWORD_PTR dwItemData);
-    void* GetItemDataPtr(int nIndex) const;
-    int SetItemDataPtr(int nIndex, void* pData);
-    int GetLBText(int nIndex, LPTSTR lpszText) const;
-    void GetLBText(int nIndex, CString& rString) const;
-    int GetLBTextLen(int nIndex) const;
-    int SetItemHeight(int nIndex, UINT cyItemHeight);
-    int GetItemHeight(int nIndex) const;
-    int SetDroppedWidth(UINT nWidth);
-    int GetDroppedWidth() const;
-    void ShowDropDown(BOOL bShowIt = TRUE);
-    BOOL GetDroppedState() const;
-    void GetDroppedControlRect(LPRECT lprect) const;
-    int GetTopIndex() const;
-    int SetTopIndex(int nIndex);
-
-    int AddString(LPCTSTR lpszString);
-    int InsertString(int nIndex, LPCTSTR lpszString);
-    // Returns the number of items left.
-    int DeleteString(UINT nIndex);
-    void ResetContent();
-    int FindString(int nStartAfter, LPCTSTR lpszString) const;
-    int FindStringExact(int nIndexStart, LPCTSTR lpszFind) const;
-    int SelectString(int nStartAfter, LPCTSTR lpszString);
-
-    void Clear();
-    void Copy();
-    void Cut();
-    void Paste();
-
-    virtual void DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct);
-    virtual void MeasureItem(LPMEASUREITEMSTRUCT lpMeasureItemStruct);
-    virtual int CompareItem(LPCOMPAREITEMSTRUCT lpCompareItemStruct);
-    virtual void DeleteItem(LPDELETEITEMSTRUCT lpDeleteItemStruct);
-
-protected:
-    BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
-};

@@ -349,6 +349,11 @@ void CWinApp::WinHelp(DWORD_PTR dwData, UINT nCmd)
     ::WinHelpA(mainWnd != nullptr ? mainWnd->GetSafeHwnd() : nullptr, m_pszHelpFilePath, nCmd, dwData);
 }
 
+void CWinApp::OnHelp()
+{
+    WinHelp(0, HELP_CONTENTS);
+}
+
 HICON CWinApp::LoadIcon(LPCTSTR lpszResourceName) const
 {
     return ::LoadIconA(AfxFindResourceHandle(lpszResourceName, RT_GROUP_ICON), lpszResourceName);

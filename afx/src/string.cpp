@@ -1,4 +1,5 @@
-// CString: blocks, copy on write, editing, searching and formatting.
+// CString: blocks, copy on write, editing and searching; the formatting
+// entry points are in string_format.cpp.
 #include "afxstr.h"
 
 #include "afxexcept.h"
@@ -10,7 +11,6 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
-#include <memory>
 #include <new>
 #include <string>
 #include <string_view>
@@ -252,112 +252,6 @@ int ReplaceInto(const char* text, int length, std::string_view old, std::string_
     }
     std::memmove(out + written, text + read, static_cast<std::size_t>(length - read));
     return written + length - read;
-}
-
-// ---- format strings ------------------------------------------------------
-
-// Length modifiers of the MSVC runtime and their standard spelling; longest first.
-struct ModifierSpelling
-{
-    std::string_view msvc;
-    std::string_view standard;
-};
-constexpr ModifierSpelling kModifierSpellings[] = {
-    {"I64", "ll"},
-    {"I32", ""},
-    {"I", "z"},
-};
-
-// The position of the length modifier in a conversion that starts after '%'.
-const char* SkipToModifier(const char* p)
-{
-    while (*p != '\0' && std::strchr("0123456789$-+ #'.*", *p) != nullptr)
-        ++p;
-    return p;
-}
-
-// A format with the MSVC length modifiers rewritten. Formats without them
-// are used as they are.
-class StandardFormat
-{
-public:
-    explicit StandardFormat(const char* format) : m_text(format)
-    {
-        if (!HasMsvcModifier(format))
-            return;
-        const std::size_t size = std::strlen(format) + 1;
-        char* out = m_small.data();
-        if (size > m_small.size()) {
-            m_large = std::make_unique<char[]>(size);
-            out = m_large.get();
-        }
-        Rewrite(format, out);
-        m_text = out;
-    }
-    const char* get() const { return m_text; }
-
-private:
-    // Calls visit(text before, modifier start) for every conversion and
-    // returns the rest after the last one.
-    template <class Visit>
-    static const char* ForEachModifier(const char* p, Visit visit)
-    {
-        while ((p = std::strchr(p, '%')) != nullptr) {
-            if (p[1] == '%') {
-                p += 2;
-                continue;
-            }
-            const char* modifier = SkipToModifier(p + 1);
-            p = visit(modifier);
-            if (*p != '\0')
-                ++p;
-        }
-        return p;
-    }
-
-    static bool HasMsvcModifier(const char* format)
-    {
-        bool found = false;
-        ForEachModifier(format, [&](const char* modifier) {
-            found = found || *modifier == 'I';
-            return modifier;
-        });
-        return found;
-    }
-
-    static void Rewrite(const char* format, char* out)
-    {
-        const char* copied = format;
-        ForEachModifier(format, [&](const char* modifier) {
-            if (*modifier != 'I')
-                return modifier;
-            for (const auto& spelling : kModifierSpellings) {
-                if (std::string_view(modifier).starts_with(spelling.msvc)) {
-                    out = std::copy(copied, modifier, out);
-                    out = std::copy(spelling.standard.begin(), spelling.standard.end(), out);
-                    copied = modifier + spelling.msvc.size();
-                    break;
-                }
-            }
-            return copied;
-        });
-        out = std::copy(copied, copied + std::strlen(copied), out);
-        *out = '\0';
-    }
-
-    const char* m_text;
-    std::array<char, 256> m_small;
-    std::unique_ptr<char[]> m_large;
-};
-
-// The characters a format produces, or -1 if the C runtime cannot convert.
-int MeasureFormatted(const char* format, va_list args)
-{
-    va_list copy;
-    va_copy(copy, args);
-    const int length = std::vsnprintf(nullptr, 0, format, copy);
-    va_end(copy);
-    return length;
 }
 
 }  // namespace
@@ -855,7 +749,10 @@ int CString::Find(const char* pszSub, int iStart) const
 {
     if (pszSub == nullptr || iStart < 0 || iStart > GetLength())
         return -1;
-    return FindBytes(m_pszData, GetLength(), iStart, pszSub, std::strlen(pszSub));
+    const std::size_t subLength = std::strlen(pszSub);
+    if (subLength == 0)
+        return iStart;
+    return FindBytes(m_pszData, GetLength(), iStart, pszSub, subLength);
 }
 
 int CString::ReverseFind(char ch) const
@@ -1096,45 +993,4 @@ void CString::PutFormatted(int keep, int nLength, const char* pszFormat, va_list
     const DeferredRelease previous{data};
     m_pszData = CharsOf(fresh);
     SetLength(newLength);
-}
-
-void CString::Format(const char* pszFormat, ...)
-{
-    va_list args;
-    va_start(args, pszFormat);
-    FormatV(pszFormat, args);
-    va_end(args);
-}
-
-void CString::FormatV(const char* pszFormat, va_list args)
-{
-    if (pszFormat == nullptr) {
-        Empty();
-        return;
-    }
-    const StandardFormat format(pszFormat);
-    const int length = MeasureFormatted(format.get(), args);
-    if (length <= 0) {
-        Empty();
-        return;
-    }
-    PutFormatted(0, length, format.get(), args);
-}
-
-void CString::AppendFormat(const char* pszFormat, ...)
-{
-    va_list args;
-    va_start(args, pszFormat);
-    AppendFormatV(pszFormat, args);
-    va_end(args);
-}
-
-void CString::AppendFormatV(const char* pszFormat, va_list args)
-{
-    if (pszFormat == nullptr)
-        return;
-    const StandardFormat format(pszFormat);
-    const int length = MeasureFormatted(format.get(), args);
-    if (length > 0)
-        PutFormatted(GetLength(), length, format.get(), args);
 }

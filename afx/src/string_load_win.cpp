@@ -1,5 +1,6 @@
-// CString's string resources: finding the module along the resource chain,
-// loading and converting.
+// CString's string resources (finding the module along the resource chain,
+// loading and converting), resource formats and message formatting through
+// the system's FormatMessage.
 #include "afxwin.h"
 #include "module_state_impl.h"
 
@@ -69,13 +70,52 @@ BOOL CString::LoadString(UINT nID)
     return TRUE;
 }
 
-void CString::Format(UINT nFormatID, ...)
+void CString::FormatResourceUnchecked(UINT nFormatID, ...)
 {
     CString format;
     format.LoadString(nFormatID);
     va_list args;
     va_start(args, nFormatID);
     FormatV(format, args);
+    va_end(args);
+}
+
+void CString::FormatMessageV(LPCTSTR pszFormat, va_list* pArgList)
+{
+    if (pszFormat == nullptr || *pszFormat == '\0') {
+        Empty();
+        return;
+    }
+    LPSTR buffer = nullptr;
+    const DWORD length = ::FormatMessageA(FORMAT_MESSAGE_FROM_STRING | FORMAT_MESSAGE_ALLOCATE_BUFFER, pszFormat, 0, 0,
+                                          reinterpret_cast<LPSTR>(&buffer), 0, pArgList);
+    if (length == 0 || buffer == nullptr) {
+        LocalFree(buffer);
+        AfxThrowMemoryException();
+    }
+    struct LocalBuffer
+    {
+        LPSTR text;
+        ~LocalBuffer() { LocalFree(text); }
+    } const owner{buffer};
+    SetString(owner.text, static_cast<int>(length));
+}
+
+void CString::FormatMessageUnchecked(LPCTSTR pszFormat, ...)
+{
+    va_list args;
+    va_start(args, pszFormat);
+    FormatMessageV(pszFormat, &args);
+    va_end(args);
+}
+
+void CString::FormatMessageResourceUnchecked(UINT nFormatID, ...)
+{
+    CString format;
+    format.LoadString(nFormatID);
+    va_list args;
+    va_start(args, nFormatID);
+    FormatMessageV(format, &args);
     va_end(args);
 }
 

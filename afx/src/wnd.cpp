@@ -4,26 +4,11 @@
 #include "wnd_state.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <cstring>
-
-namespace {
-
-// A pointer as an integer the optimiser cannot assume non-null: the
-// framework allows Get...Safe... calls through a NULL object pointer.
-template <class T>
-std::uintptr_t OpaqueAddress(const T* p)
-{
-    std::uintptr_t value = reinterpret_cast<std::uintptr_t>(p);
-    asm("" : "+r"(value));
-    return value;
-}
-
-}  // namespace
 
 HWND CWnd::GetSafeHwnd() const
 {
-    return OpaqueAddress(this) == 0 ? nullptr : m_hWnd;
+    return AfxOpaqueAddress(this) == 0 ? nullptr : m_hWnd;
 }
 
 DWORD CWnd::GetStyle() const
@@ -356,6 +341,17 @@ void CWnd::MoveWindow(int x, int y, int nWidth, int nHeight, BOOL bRepaint)
 void CWnd::MoveWindow(LPCRECT lpRect, BOOL bRepaint)
 {
     MoveWindow(lpRect->left, lpRect->top, lpRect->right - lpRect->left, lpRect->bottom - lpRect->top, bRepaint);
+}
+
+HICON CWnd::SetIcon(HICON hIcon, BOOL bBigIcon)
+{
+    return reinterpret_cast<HICON>(
+        SendMessage(WM_SETICON, bBigIcon ? ICON_BIG : ICON_SMALL, reinterpret_cast<LPARAM>(hIcon)));
+}
+
+HICON CWnd::GetIcon(BOOL bBigIcon) const
+{
+    return reinterpret_cast<HICON>(SendMessage(WM_GETICON, bBigIcon ? ICON_BIG : ICON_SMALL, 0));
 }
 
 BOOL CWnd::SetWindowPos(const CWnd* pWndInsertAfter, int x, int y, int cx, int cy, UINT nFlags)

@@ -80,6 +80,69 @@ TEST(Exceptions, DerivedPointerTypeIsCaughtDirectly)
     pCaught->Delete();
 }
 
+// Counts its deletions; thrown by the TRY/CATCH test.
+class CCountedException : public CException
+{
+public:
+    ~CCountedException() override { ++s_deleted; }
+    static int s_deleted;
+};
+int CCountedException::s_deleted = 0;
+
+TEST(Exceptions, TryCatchMacrosDeleteWhatTheyCaughtUnlessRethrown)
+{
+    CException* seen = nullptr;
+    TRY
+    {
+        THROW(new CCountedException);
+    }
+    CATCH(CFileException, e)
+    {
+        ADD_FAILURE() << "caught as a file exception";
+    }
+    AND_CATCH(CException, e)
+    {
+        seen = e;
+        EXPECT_EQ(CCountedException::s_deleted, 0);
+    }
+    END_CATCH
+    EXPECT_NE(seen, nullptr);
+    EXPECT_EQ(CCountedException::s_deleted, 1);
+
+    CException* rethrown = nullptr;
+    TRY{TRY{THROW(new CCountedException);
+}
+CATCH_ALL(e)
+{
+    THROW_LAST();
+}
+END_CATCH_ALL
+}
+CATCH(CCountedException, e)
+{
+    rethrown = e;
+    EXPECT_EQ(CCountedException::s_deleted, 1);
+}
+END_CATCH
+EXPECT_NE(rethrown, nullptr);
+EXPECT_EQ(CCountedException::s_deleted, 2);
+
+// A handler left by return still deletes what it caught.
+const auto leaveEarly = [] {
+    TRY
+    {
+        THROW(new CCountedException);
+    }
+    CATCH_ALL(e)
+    {
+        return;
+    }
+    END_CATCH_ALL
+};
+leaveEarly();
+EXPECT_EQ(CCountedException::s_deleted, 3);
+}
+
 TEST(Exceptions, StaticExceptionsAreSharedAndNotDeleted)
 {
     using Thrower = void (*)();

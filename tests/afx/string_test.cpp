@@ -1,5 +1,6 @@
 #include "afxstr.h"
 
+#include "afxdebug.h"
 #include "afxexcept.h"
 
 #include <gtest/gtest.h>
@@ -123,7 +124,8 @@ TEST(CStringSearch, FindStartsAtTheGivenIndex)
         int found;
     } subs[] = {
         {"bc", 0, 1},       {"bc", 2, 4}, {"bc", 5, -1},    {"abc", 3, 3}, {"c", 5, 5},  {"c", 6, -1},
-        {"abcabcd", 0, -1}, {"", 0, -1},  {nullptr, 0, -1}, {"a", -1, -1}, {"a", 7, -1}, {"cab", 0, 2},
+        {"abcabcd", 0, -1}, {"", 0, 0},   {nullptr, 0, -1}, {"a", -1, -1}, {"a", 7, -1}, {"cab", 0, 2},
+        {"", 4, 4},         {"", 6, 6},   {"", 7, -1},      {"", -1, -1},
     };
     for (auto& c : subs)
         EXPECT_EQ(s.Find(c.sub, c.start), c.found) << (c.sub ? c.sub : "(null)") << " from " << c.start;
@@ -563,12 +565,39 @@ TEST(CStringFormat, PrintfConversionsAndMsvcLengthModifiers)
     EXPECT_EQ(Formatted(longFormat.c_str(), 5LL), (std::string(300, '-') + "5").c_str());
     EXPECT_EQ(Formatted(""), "");
     EXPECT_EQ(Formatted(static_cast<const char*>(nullptr)), "");
+    // Windows meanings: l is 32 bits, S and w are wide, h before s is narrow.
+    EXPECT_EQ(Formatted("%ld|%lu|%lx", LONG(-2), DWORD(7), DWORD(0xFFFFFFFF)), "-2|7|ffffffff");
+    EXPECT_EQ(Formatted("%S|%ws|%hs|%-3C|", L"ab", L"cd", "ef", L'g'), "ab|cd|ef|g  |");
+    EXPECT_EQ(Formatted("%s|%5s|%.1s", CString("ab"), CString("c"), CString("xyz")), "ab|    c|x");
 
     CString appended("x");
     appended.AppendFormat(nullptr);
     appended.AppendFormat("");
     appended.AppendFormat("=%03d", 7);
     EXPECT_EQ(appended, "x=007");
+}
+
+TEST(CStringFormat, CheckedLiteralFormatsPassCStringArgumentsAsText)
+{
+    const CString name("Welt");
+    CString text;
+    text.Format("%s hat %d Buchstaben", name, name.GetLength());
+    EXPECT_EQ(text, "Welt hat 4 Buchstaben");
+    text.AppendFormat(", %s", name);
+    EXPECT_EQ(text, "Welt hat 4 Buchstaben, Welt");
+    static constexpr char kFormat[] = "%s/%I64d/%Iu";
+    text.Format(kFormat, name, 5LL, sizeof(int));
+    EXPECT_EQ(text, "Welt/5/4");
+    char buffer[] = "%d%%";
+    text.Format(buffer, 50);
+    EXPECT_EQ(text, "50%");
+    text.Format(name);
+    EXPECT_EQ(text, "Welt");
+
+    testing::internal::CaptureStderr();
+    TRACE("%s %d\n", name, 3);
+    TRACE0("100%\n");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Welt 3\n100%\n");
 }
 
 TEST(CStringFormat, ArgumentsMayPointIntoTheStringItself)

@@ -29,7 +29,8 @@ set(expected
   bin/afx.dll bin/twutil.dll bin/twstddlg.dll bin/twdemo.exe
   bin/libstdc++-6.dll bin/libgcc_s_seh-1.dll bin/libwinpthread-1.dll
   lib/libafx.dll.a lib/libtwutil.dll.a lib/libtwstddlg.dll.a
-  include/afx.h include/afxwin.h include/afxplatform.h
+  lib/libafxmain.a
+  include/afx.h include/afxwin.h include/afxplatform.h include/afxres.h include/afxdlgs.h
   include/twutil.h include/string_helpers.h
   include/twstddlg.h include/twstddlg_api.h
   include/values/color.h include/values/array_export.h
@@ -67,4 +68,20 @@ run("running the host" ${BUILD_DIR}/winerun ${prefix}/bin/host.exe)
 message("${run_output}")
 if(NOT run_output MATCHES "HOST PASSED: 0 failure")
   message(FATAL_ERROR "install_test: the host did not pass")
+endif()
+
+# A program written as the framework's wizard writes one, with an extension
+# DLL and no entry point of its own: WinMain comes from the package.
+if(DEFINED MFCHOST_DIR)
+  set(mfchost_build ${WORK_DIR}/mfchost-build)
+  run("configuring mfchost" ${CMAKE_COMMAND} -S ${MFCHOST_DIR} -B ${mfchost_build}
+      -DCMAKE_TOOLCHAIN_FILE=${TOOLCHAIN} -DCMAKE_BUILD_TYPE=${CONFIG}
+      -Dtwstddlg_DIR=${prefix}/lib/cmake/twstddlg)
+  run("building mfchost" ${CMAKE_COMMAND} --build ${mfchost_build})
+  file(COPY ${mfchost_build}/mfchost.exe ${mfchost_build}/mfchostext.dll DESTINATION ${prefix}/bin)
+  run("running mfchost" ${BUILD_DIR}/winerun ${prefix}/bin/mfchost.exe)
+  message("${run_output}")
+  if(NOT run_output MATCHES "MFCHOST PASSED: 0 failure")
+    message(FATAL_ERROR "install_test: mfchost did not pass")
+  endif()
 endif()

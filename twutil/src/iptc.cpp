@@ -208,7 +208,7 @@ int CIPTC::DecodeIIM(const BYTE* data, size_t size)
             unsigned long value = 0;
             for (size_t i = 0; i < r.length; ++i)
                 value = value << 8 | p[i];
-            entry.text.Format("%lu", value);
+            entry.text.Format("%lu", static_cast<DWORD>(value));
         } else if (r.record == 1 && r.dataset == 90) {
             for (size_t i = 0; i < r.length && p[i] != 0; ++i) {
                 if (i)
